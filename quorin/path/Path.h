@@ -1,0 +1,116 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "quorin/path/Curve.h"
+#include "quorin/path/CurveLocation.h"
+#include "quorin/path/Segment.h"
+#include "quorin/path/SegmentCollection.h"
+#include "quorin/platform/cgpath/CGPath.h"
+#include "quorin/platform/values/CGRect.h"
+#include "quorin/platform/values/FunctionRef.h"
+
+namespace quorin {
+
+class Decoder;
+class Encoder;
+
+/// One contour of Bézier anchors, open or closed, that an editor works on. Has identity and is
+/// held by `std::shared_ptr`.
+///
+/// Coordinates are in points. Reading a `const Path` from several threads at once is safe except
+/// for `cg()` and `contains()`, which fill the cached platform path; changing a path is the
+/// caller's to serialise.
+class Path : public std::enable_shared_from_this<Path> {
+    struct Token {};  // keeps the constructor for create()
+
+public:
+    using Segment = PathSegment;
+    using SegmentCollection = PathSegmentCollection;
+    using PointBehavior = quorin::PointBehavior;
+    using HandleType = quorin::HandleType;
+    using Curve = PathCurve;
+    using CurveLocation = PathCurveLocation;
+
+    explicit Path(Token) {}
+    Path(const Path&) = delete;
+    Path& operator=(const Path&) = delete;
+
+    /// Empty and open.
+    static std::shared_ptr<Path> create();
+    /// An independent copy.
+    static std::shared_ptr<Path> create(const Path& other);
+    /// See `setCurves`.
+    static std::shared_ptr<Path> create(std::span<const Curve> curves, bool isClosed);
+    /// A path read from a platform path, which stays its `cg()` until the first edit. Quadratics
+    /// become cubics with both controls at (2q + p0)/3. There is one contour: a second move does
+    /// nothing.
+    static std::shared_ptr<Path> create(std::shared_ptr<const CGPath> cg);
+
+    bool isClosed() const { return _isClosed; }
+    /// Stores the flag and nothing else: who toggles it drops the cached platform path too.
+    void setIsClosed(bool isClosed) { _isClosed = isClosed; }
+
+    const SegmentCollection& segments() const { return _segments; }
+    SegmentCollection& segments() { return _segments; }
+    /// Takes the collection as it is: nothing is re-parented, no cache dropped.
+    void setSegments(SegmentCollection segments) { _segments = std::move(segments); }
+
+    /// Starts the contour; does nothing once there is a segment.
+    void moveTo(CGPoint point);
+    void addLineTo(CGPoint point);
+    /// Control points are absolute.
+    void addCurveTo(CGPoint point, CGPoint controlPoint1, CGPoint controlPoint2);
+    /// Closes the contour. A last anchor of three or more exactly on the first is folded into it.
+    void closePath();
+
+    /// The platform path, built on demand and kept until the path changes. Corner radii are not
+    /// applied.
+    std::shared_ptr<const CGPath> cg() const;
+    void invalidatePathCache() { _cgPath = nullptr; }
+
+    /// One curve for each pair of consecutive segments; in a closed path of two or more segments
+    /// the closing curve last.
+    std::vector<Curve> curves() const;
+    /// Rebuilds all segments from the curves; their behaviours are inferred from the handles.
+    /// In an open path the first in-handle leads to the origin and the last out-handle repeats
+    /// the in-handle.
+    void setCurves(std::span<const Curve> curves);
+
+    /// Calls `body` with each pair of consecutive segments until it answers true; then answers
+    /// true. In a closed path the last and first segment come last.
+    bool iterateSegments(FunctionRef<bool(const Segment&, const Segment&)> body) const;
+
+    /// The point of the first curve, in order, that comes nearer to `point` than half the line
+    /// width plus `tolerance`.
+    std::optional<CGPoint> hitTestOnPath(CGPoint point, CGFloat lineWidth, CGFloat tolerance) const;
+    /// The nearest place that is nearer to `point` than half the line width plus `tolerance`; of
+    /// places equally near the one on the earliest curve.
+    std::optional<CurveLocation> nearestCurveLocation(CGPoint from, CGFloat lineWidth,
+                                                      CGFloat tolerance) const;
+    /// Whether the filled path holds the point, non-zero winding; an open path counts as closed.
+    bool contains(CGPoint point) const;
+    /// The tight box of the curves; null without segments.
+    CGRect boundingBox() const;
+    /// Whether all curves are straight and run in one direction.
+    bool isStraight() const;
+    /// Whether this is a closed upright rectangle of four straight anchors with equal radii.
+    bool isSimpleRectangle() const;
+
+    /// Keys "isClosed" and "segments", both required in reading.
+    void encode(Encoder& encoder) const;
+    static std::shared_ptr<Path> decode(Decoder& decoder);
+
+    /// Equal segments, indices included, and both closed or both open.
+    friend bool operator==(const Path& a, const Path& b);
+
+private:
+    bool _isClosed = false;
+    SegmentCollection _segments;
+    mutable std::shared_ptr<const CGPath> _cgPath;
+};
+
+}  // namespace quorin
