@@ -15,15 +15,11 @@ concept ScalarWrapper = requires(const Wrapper& wrapper) {
 };
 
 template <ScalarWrapper Wrapper>
-    requires std::equality_comparable<typename Wrapper::NativeType>
-constexpr bool operator==(const Wrapper& a, const Wrapper& b) {
-    return a.rawValue == b.rawValue;
-}
+requires std::equality_comparable<typename Wrapper::NativeType>
+constexpr bool operator==(const Wrapper& a, const Wrapper& b) { return a.rawValue == b.rawValue; }
 
 template <ScalarWrapper Wrapper>
-    requires std::totally_ordered<typename Wrapper::NativeType>
-constexpr bool operator<(const Wrapper& a, const Wrapper& b) {
-    return a.rawValue < b.rawValue;
-}
+requires std::totally_ordered<typename Wrapper::NativeType>
+constexpr bool operator<(const Wrapper& a, const Wrapper& b) { return a.rawValue < b.rawValue; }
 
 }  // namespace quorin
