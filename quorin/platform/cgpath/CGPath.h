@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <span>
 #include <vector>
 
@@ -32,7 +34,10 @@ enum class CGPathFillRule : std::uint8_t { winding, evenOdd };
 /// An immutable platform path of any number of subpaths, shared by pointer. Built by
 /// `CGMutablePath`. May be read from several threads at once.
 class CGPath {
+    struct Token {};  // keeps the constructor for the builder
+
 public:
+    CGPath(Token, std::vector<CGPathElementType> types, std::vector<CGPoint> points);
     ~CGPath();
     CGPath(const CGPath&) = delete;
     CGPath& operator=(const CGPath&) = delete;
@@ -44,50 +49,29 @@ public:
 
     /// Whether the filled path holds `point`. Open subpaths count as closed; a point within
     /// `scalar::windingEpsilon` of the outline is inside. `transform` is applied to the point.
+    /// A point that is infinite or not a number is outside.
     bool contains(CGPoint point, CGPathFillRule rule = CGPathFillRule::winding,
                   const CGAffineTransform& transform = CGAffineTransform::identity) const;
 
-    /// The tight box of the drawn curves; null for an empty path, for moves alone the box of
-    /// their points.
+    /// The tight box of the drawn lines and curves, which never leaves the control hull. Null for
+    /// an empty path, for moves alone the box of their points; beside something drawn, moves that
+    /// draw nothing do not count. Worked out once and kept.
     CGRect pathBoundingBox() const;
-    /// The box of all points, controls included; null for an empty path.
+    /// The box of all points, controls and lone moves included; null for an empty path.
     CGRect boundingBox() const;
 
     /// Same elements with exactly equal points.
-    friend bool operator==(const CGPath& a, const CGPath& b);
+    friend bool operator==(const CGPath& a, const CGPath& b) {
+        return a.types == b.types && a.points == b.points;
+    }
 
 private:
     friend class CGMutablePath;
-    CGPath(std::vector<CGPathElementType> types, std::vector<CGPoint> points);
 
-    struct Lazy;
     std::vector<CGPathElementType> types;
     std::vector<CGPoint> points;
-    std::unique_ptr<Lazy> lazy;
-};
-
-/// Collects elements, then hands them over as a `CGPath`.
-class CGMutablePath {
-public:
-    void reserve(std::size_t elements, std::size_t points);
-
-    void moveTo(CGPoint point);
-    void addLineTo(CGPoint point);
-    void addQuadCurveTo(CGPoint point, CGPoint control);
-    void addCurveTo(CGPoint point, CGPoint control1, CGPoint control2);
-    void closeSubpath();
-    void addPath(const CGPath& path,
-                 const CGAffineTransform& transform = CGAffineTransform::identity);
-
-    bool isEmpty() const { return types.empty(); }
-    /// The path drawn so far; this builder keeps it and may go on.
-    std::shared_ptr<const CGPath> copy() const;
-    /// The path drawn so far; this builder is empty afterwards.
-    std::shared_ptr<const CGPath> take();
-
-private:
-    std::vector<CGPathElementType> types;
-    std::vector<CGPoint> points;
+    mutable std::once_flag _pathBoundingBoxOnce;
+    mutable CGRect _pathBoundingBox;
 };
 
 }  // namespace quorin
