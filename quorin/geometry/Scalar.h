@@ -56,4 +56,26 @@ inline bool isNearlyUnequal(CGFloat a, CGFloat b) { return std::abs(a - b) > sca
 /// -1 below zero, otherwise +1; so zero and NaN count as positive.
 inline CGFloat sign(CGFloat x) { return x < 0 ? -1 : 1; }
 
+/// Whether the value has no fractional part; infinities and NaN are not whole.
+template <std::floating_point Number>
+bool isIntegral(Number x) {
+    return std::fmod(x, Number(1)) == 0;
+}
+
+/// Whether the value is not `isIntegral`.
+template <std::floating_point Number>
+bool isReal(Number x) {
+    return !isIntegral(x);
+}
+
+template <std::integral Number>
+constexpr bool isEven(Number n) {
+    return (n & 1) == 0;
+}
+
+template <std::integral Number>
+constexpr bool isOdd(Number n) {
+    return (n & 1) == 1;
+}
+
 }  // namespace quorin

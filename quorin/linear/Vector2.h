@@ -11,6 +11,7 @@
 #include "quorin/geometry/Hashing.h"
 #include "quorin/geometry/Scalar.h"
 #include "quorin/linear/VectorArrayConvertible.h"
+#include "quorin/linear/VectorComponents.h"
 #include "quorin/platform/values/CGGeometry.h"
 
 namespace quorin {
@@ -31,9 +32,12 @@ struct Vector2 {
 
     constexpr Vector2() = default;
     constexpr Vector2(CGFloat xValue, CGFloat yValue) : x(xValue), y(yValue) {}
+    constexpr explicit Vector2(const std::array<CGFloat, 2>& a) : Vector2(a[0], a[1]) {}
     /// The first two elements; fewer stop the process.
-    constexpr explicit Vector2(std::span<const CGFloat> array) : Vector2(array, 0) {}
-    constexpr explicit Vector2(std::span<const float> array) : Vector2(array, 0) {}
+    constexpr explicit Vector2(std::span<const CGFloat> list)
+        : Vector2(leadingComponents<2>(list, "Vector2")) {}
+    constexpr explicit Vector2(std::span<const float> list)
+        : Vector2(leadingComponents<2>(list, "Vector2")) {}
     constexpr explicit Vector2(CGPoint point) : Vector2(point.x, point.y) {}
     constexpr explicit Vector2(CGSize size) : Vector2(size.width, size.height) {}
     constexpr explicit Vector2(CGVector vector) : Vector2(vector.dx, vector.dy) {}
@@ -79,12 +83,6 @@ struct Vector2 {
 
     /// Exact; -0.0 equals 0.0 and NaN equals nothing.
     friend constexpr bool operator==(const Vector2&, const Vector2&) = default;
-
-private:
-    template <typename Component>
-    constexpr Vector2(std::span<const Component> components, std::size_t first)
-        : x(component(components, first, 2, "Vector2")),
-          y(component(components, first + 1, 2, "Vector2")) {}
 };
 
 inline constexpr Vector2 Vector2::zero{0, 0};
@@ -115,12 +113,7 @@ inline CGFloat Vector2::angle(const Vector2& with) const {
     return std::atan2(sine, clamped(a.dot(b), ClosedRange{-1.0, 1.0}));
 }
 
-inline Vector2 Vector2::normalized() const {
-    const CGFloat s = lengthSquared();
-    if (isNearlyEqual(s, 0) || isNearlyEqual(s, 1))
-        return *this;
-    return *this / std::sqrt(s);
-}
+inline Vector2 Vector2::normalized() const { return normalizedVector(*this); }
 
 constexpr Vector2 Vector2::interpolated(const Vector2& with, CGFloat t) const {
     return *this + (with - *this) * t;

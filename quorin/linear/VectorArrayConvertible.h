@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <concepts>
 #include <cstddef>
 #include <span>
@@ -27,14 +28,16 @@ concept VectorFloatArrayConvertible = requires(const Vector& vector) {
 /// Stops the process: a `type` of `wanted` components cannot be made from `given` ones.
 [[noreturn]] void failComponentCount(std::string_view type, std::size_t given, std::size_t wanted);
 
-/// The element `index` of the list a `type` of `wanted` components is made from; a list too short
-/// for the type stops the process.
-template <typename Component>
-constexpr CGFloat component(std::span<const Component> components, std::size_t index,
-                            std::size_t wanted, std::string_view type) {
-    if (components.size() < wanted)
-        failComponentCount(type, components.size(), wanted);
-    return static_cast<CGFloat>(components[index]);
+/// The first `count` elements of the list a `type` is made from; a shorter list stops the process.
+template <std::size_t count, typename Component>
+constexpr std::array<CGFloat, count> leadingComponents(std::span<const Component> components,
+                                                       std::string_view type) {
+    if (components.size() < count)
+        failComponentCount(type, components.size(), count);
+    std::array<CGFloat, count> leading{};
+    for (std::size_t i = 0; i < count; ++i)
+        leading[i] = components[i];
+    return leading;
 }
 
 }  // namespace quorin
