@@ -2,7 +2,8 @@
 #
 # One library of the package with all that others need to use it: headers, CMake targets and a
 # pkg-config file. Third-party libraries go by the name of their pkg-config module and are private:
-# only whoever links a static archive has to have them.
+# only whoever links a static archive has to have them. Headers directly in a folder are public,
+# those in folders below it are not.
 include_guard()
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
