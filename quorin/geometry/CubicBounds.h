@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "quorin/geometry/PointLanes.h"
 #include "quorin/platform/values/CGGeometry.h"
 #include "quorin/platform/values/CGRect.h"
 
@@ -10,36 +11,33 @@ namespace quorin {
 /// A box being gathered: empty at first, then the least upright box around all it was given.
 /// A coordinate that is not a number is passed over.
 struct Bounds {
-    CGFloat minX = std::numeric_limits<CGFloat>::infinity();
-    CGFloat minY = std::numeric_limits<CGFloat>::infinity();
-    CGFloat maxX = -std::numeric_limits<CGFloat>::infinity();
-    CGFloat maxY = -std::numeric_limits<CGFloat>::infinity();
+    static constexpr CGFloat infinity = std::numeric_limits<CGFloat>::infinity();
 
-    bool isEmpty() const { return !(minX <= maxX && minY <= maxY); }
+    PointLanes min{infinity, infinity};
+    PointLanes max{-infinity, -infinity};
+
+    bool isEmpty() const { return !areBothAtMost(min, max); }
+    /// Whether both points lie inside or on the edge.
+    bool holds(PointLanes a, PointLanes b) const {
+        return areBothAtMost(min, lesser(a, b)) && areBothAtMost(greater(a, b), max);
+    }
     /// The null rect while the box is empty.
     CGRect rect() const {
-        return isEmpty() ? CGRectNull : CGRectMake(minX, minY, maxX - minX, maxY - minY);
+        return isEmpty() ? CGRectNull : CGRect{pointOf(min), {max[0] - min[0], max[1] - min[1]}};
     }
-
-    friend bool operator==(const Bounds&, const Bounds&) = default;
 };
-
-inline void extendByPoint(Bounds& box, CGPoint point) {
-    box.minX = point.x < box.minX ? point.x : box.minX;
-    box.minY = point.y < box.minY ? point.y : box.minY;
-    box.maxX = point.x > box.maxX ? point.x : box.maxX;
-    box.maxY = point.y > box.maxY ? point.y : box.maxY;
-}
 
 namespace detail {
 
-void extendByExtrema(CGFloat& min, CGFloat& max, CGFloat p1, CGFloat c1, CGFloat c2, CGFloat p2);
-void extendByExtrema(CGFloat& min, CGFloat& max, CGFloat p1, CGFloat c, CGFloat p2);
-
-/// False for NaN.
-inline bool holds(CGFloat min, CGFloat max, CGFloat value) { return value >= min && value <= max; }
+void extendByTurns(Bounds& box, CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2);
+void extendByTurns(Bounds& box, CGPoint p1, CGPoint c, CGPoint p2);
 
 }  // namespace detail
+
+inline void extendByPoint(Bounds& box, CGPoint point) {
+    box.min = lesser(lanesOf(point), box.min);
+    box.max = greater(lanesOf(point), box.max);
+}
 
 /// Extends the box by the curve itself: its extrema, not its control points. Never leaves the
 /// control hull, however the extrema round; a control at infinity draws the box there.
@@ -49,20 +47,16 @@ inline bool holds(CGFloat min, CGFloat max, CGFloat value) { return value >= min
 inline void extendByCubic(Bounds& box, CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2) {
     extendByPoint(box, p1);
     extendByPoint(box, p2);
-    if (!detail::holds(box.minX, box.maxX, c1.x) || !detail::holds(box.minX, box.maxX, c2.x))
-        detail::extendByExtrema(box.minX, box.maxX, p1.x, c1.x, c2.x, p2.x);
-    if (!detail::holds(box.minY, box.maxY, c1.y) || !detail::holds(box.minY, box.maxY, c2.y))
-        detail::extendByExtrema(box.minY, box.maxY, p1.y, c1.y, c2.y, p2.y);
+    if (!box.holds(lanesOf(c1), lanesOf(c2)))
+        detail::extendByTurns(box, p1, c1, c2, p2);
 }
 
 /// The same for a quadratic.
 inline void extendByQuadratic(Bounds& box, CGPoint p1, CGPoint c, CGPoint p2) {
     extendByPoint(box, p1);
     extendByPoint(box, p2);
-    if (!detail::holds(box.minX, box.maxX, c.x))
-        detail::extendByExtrema(box.minX, box.maxX, p1.x, c.x, p2.x);
-    if (!detail::holds(box.minY, box.maxY, c.y))
-        detail::extendByExtrema(box.minY, box.maxY, p1.y, c.y, p2.y);
+    if (!box.holds(lanesOf(c), lanesOf(c)))
+        detail::extendByTurns(box, p1, c, p2);
 }
 
 }  // namespace quorin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 
@@ -14,46 +15,52 @@ constexpr std::size_t pointCount(CGPathElementType type) {
     return counts[static_cast<std::size_t>(type)];
 }
 
-/// Calls `sink.line(p1, p2)`, `sink.quadratic(p1, c, p2)` and `sink.cubic(p1, c1, c2, p2)` for
-/// what the elements draw, in order, with the line of every close. Moves draw nothing; `sink.end(
-/// start, current)` is called where a subpath that drew something is left open.
+/// Tells `sink` what the elements draw, in order; moves that draw nothing are passed over.
+///
+/// `begin(p1)` announces each subpath that draws something. `lines(p1, points)`, `quadratics` and
+/// `cubics` bring one or more of their kind in a row, from `p1` on, with one, two or three points
+/// each; the line of a close is among the lines. `leaveOpen(p2, p1)` ends a subpath that is not
+/// closed, since filling closes it.
 template <typename Sink>
 void walk(std::span<const CGPathElementType> types, const CGPoint* next, Sink& sink) {
     CGPoint start, current;
-    bool isOpen = false;
-    for (const CGPathElementType type : types) {
-        switch (type) {
-            case CGPathElementType::moveToPoint:
-                if (isOpen)
-                    sink.end(current, start);
-                start = current = next[0];
-                isOpen = false;
-                break;
-            case CGPathElementType::addLineToPoint:
-                sink.line(current, next[0]);
-                current = next[0];
-                isOpen = true;
-                break;
-            case CGPathElementType::addQuadCurveToPoint:
-                sink.quadratic(current, next[0], next[1]);
-                current = next[1];
-                isOpen = true;
-                break;
-            case CGPathElementType::addCurveToPoint:
-                sink.cubic(current, next[0], next[1], next[2]);
-                current = next[2];
-                isOpen = true;
-                break;
-            case CGPathElementType::closeSubpath:
-                sink.line(current, start);
-                current = start;
-                isOpen = false;
-                break;
+    bool isDrawing = false;
+    const auto leave = [&] {
+        if (isDrawing)
+            sink.leaveOpen(current, start);
+        isDrawing = false;
+    };
+    for (auto type = types.begin(); type != types.end();) {
+        const CGPathElementType kind = *type;
+        if (kind == CGPathElementType::moveToPoint) {
+            leave();
+            start = current = *next++;
+            ++type;
+            continue;
         }
-        next += pointCount(type);
+        if (!isDrawing)
+            sink.begin(start);
+        isDrawing = true;
+        if (kind == CGPathElementType::closeSubpath) {
+            sink.lines(current, {&start, 1});
+            current = start;
+            isDrawing = false;
+            ++type;
+            continue;
+        }
+        const auto other = std::find_if(type, types.end(), [&](auto t) { return t != kind; });
+        const std::span points(next, pointCount(kind) * static_cast<std::size_t>(other - type));
+        if (kind == CGPathElementType::addCurveToPoint)
+            sink.cubics(current, points);
+        else if (kind == CGPathElementType::addQuadCurveToPoint)
+            sink.quadratics(current, points);
+        else
+            sink.lines(current, points);
+        current = points.back();
+        next += points.size();
+        type = other;
     }
-    if (isOpen)
-        sink.end(current, start);
+    leave();
 }
 
 }  // namespace quorin

@@ -1,0 +1,131 @@
+#include "quorin/platform/cgpath/MonotonePiece.h"
+
+#include <cmath>
+#include <limits>
+
+#include "quorin/geometry/PointArithmetic.h"
+
+namespace quorin {
+
+namespace {
+
+constexpr CGFloat reach = scalar::windingEpsilon;
+
+/// The piece seen from the point, mirrored so that both coordinates grow along the way. `at` is
+/// where the curve stands relative to the point.
+class Approach {
+public:
+    Approach(const MonotonePiece& piece, CGPoint point, const OutlineCurve& curve_)
+        : curve(curve_),
+          target(point - curve_.start),
+          direction{piece.end.x < piece.start.x ? -1.0 : 1.0,
+                    piece.end.y < piece.start.y ? -1.0 : 1.0} {}
+
+    CGPoint at(CGFloat t) const { return (curve.wayTo(t) - target) * direction; }
+    CGPoint mirrored(CGPoint way) const { return way * direction; }
+    /// Whether the curve, once it has the point's height, stands at smaller x.
+    bool isLeftOfPoint(CGFloat x) const { return (x < 0) == (direction.x > 0); }
+
+private:
+    const OutlineCurve& curve;
+    CGPoint target;
+    CGPoint direction;
+};
+
+/// Not yet within reach of the point in one of the coordinates.
+bool isBefore(CGPoint way) { return way.x < -reach || way.y < -reach; }
+/// Past the point's reach in one of the coordinates.
+bool isPast(CGPoint way) { return way.x > reach || way.y > reach; }
+
+/// The last double that is `isEarly`, or the one after it: halving cannot fail.
+template <typename Predicate>
+CGFloat boundary(CGFloat low, CGFloat high, Predicate isEarly) {
+    for (;;) {
+        const CGFloat middle = low + (high - low) / 2;
+        if (!(middle > low && middle < high))
+            return low;
+        (isEarly(middle) ? low : high) = middle;
+    }
+}
+
+CGFloat distanceToOrigin(CGPoint from, CGPoint to) {
+    const CGPoint along = to - from;
+    const CGFloat squared = dot(along, along);
+    const CGFloat t = squared > 0 ? std::clamp(-dot(from, along) / squared, 0.0, 1.0) : 0;
+    const CGPoint nearest = from + along * t;
+    return std::hypot(nearest.x, nearest.y);
+}
+
+/// The distance from the point to the stretch that lies within reach in both coordinates; at that
+/// size a curve is a few chords.
+bool isWithinReach(const MonotonePiece& piece, const Approach& approach) {
+    const CGFloat in = boundary(piece.startTime, piece.endTime,
+                                [&](CGFloat t) { return isBefore(approach.at(t)); });
+    const CGFloat out = boundary(piece.startTime, piece.endTime,
+                                 [&](CGFloat t) { return !isPast(approach.at(t)); });
+    constexpr int chords = 8;
+    CGPoint from = approach.at(in);
+    for (int chord = 1; chord <= chords; ++chord) {
+        const CGPoint to = approach.at(in + (out - in) * chord / chords);
+        if (distanceToOrigin(from, to) <= reach)
+            return true;
+        from = to;
+    }
+    return false;
+}
+
+}  // namespace
+
+OutlineCurve OutlineCurve::line(CGPoint p1, CGPoint p2) { return {p1, p2 - p1, {}, {}}; }
+
+OutlineCurve OutlineCurve::quadratic(CGPoint p1, CGPoint c, CGPoint p2) {
+    const CGPoint d1 = c - p1;
+    const CGPoint d2 = p2 - c;
+    return {p1, 2 * d1, d2 - d1, {}};
+}
+
+OutlineCurve OutlineCurve::cubic(CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2) {
+    const CGPoint d1 = c1 - p1;
+    const CGPoint d2 = c2 - c1;
+    const CGPoint d3 = p2 - c2;
+    return {p1, 3 * d1, 3 * (d2 - d1), (d3 - d2) - (d2 - d1)};
+}
+
+// A place on the piece that the curve reaches in one coordinate before the point and in the other
+// past it settles the side: what follows and what went before is farther off still. So the search
+// looks for such a place, and near the outline it closes in on the point instead.
+Winding MonotonePiece::windingInsideBox(CGPoint point, const OutlineCurve& curve) const {
+    const Approach approach(*this, point, curve);
+    CGFloat low = startTime, high = endTime;
+    CGPoint below = approach.mirrored(start - point);
+    CGPoint above = approach.mirrored(end - point);
+    for (bool interpolates = true;; interpolates = !interpolates) {
+        // Midway between where the chord has the point's x and where it has its y.
+        const CGPoint size = above - below;
+        const CGFloat share =
+            interpolates ? -(below.x * size.y + below.y * size.x) / (2 * size.x * size.y) : 0.5;
+        CGFloat t = low + (high - low) * share;
+        if (!(t > low && t < high))
+            t = low + (high - low) / 2;
+        if (!(t > low && t < high))
+            break;
+
+        const CGPoint way = approach.at(t);
+        const bool before = isBefore(way);
+        const bool past = isPast(way);
+        if (before && past)
+            return {approach.isLeftOfPoint(way.x) ? stepAt(point.y) : 0, false};
+        if (!before && !past)
+            break;
+        (before ? low : high) = t;
+        (before ? below : above) = way;
+    }
+
+    if (isWithinReach(*this, approach))
+        return {0, true};
+    const CGFloat crossing =
+        boundary(startTime, endTime, [&](CGFloat t) { return approach.at(t).y < 0; });
+    return {approach.isLeftOfPoint(approach.at(crossing).x) ? stepAt(point.y) : 0, false};
+}
+
+}  // namespace quorin

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <algorithm>
+
+#include "quorin/geometry/Scalar.h"
+#include "quorin/platform/values/CGGeometry.h"
+
+namespace quorin {
+
+/// How often an outline winds around a point, counter-clockwise in a y-up plane. Where the point
+/// lies on the outline, the number means nothing.
+struct Winding {
+    int number = 0;
+    bool isOnOutline = false;
+
+    friend bool operator==(const Winding&, const Winding&) = default;
+};
+
+/// A line, quadratic or cubic as start + ((a3·t + a2)·t + a1)·t, without raising its degree.
+struct OutlineCurve {
+    CGPoint start, a1, a2, a3;
+
+    static OutlineCurve line(CGPoint p1, CGPoint p2);
+    static OutlineCurve quadratic(CGPoint p1, CGPoint c, CGPoint p2);
+    static OutlineCurve cubic(CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2);
+
+    /// The way from the start to the place at `t`.
+    CGPoint wayTo(CGFloat t) const {
+        return {((a3.x * t + a2.x) * t + a1.x) * t, ((a3.y * t + a2.y) * t + a1.y) * t};
+    }
+};
+
+/// A stretch of a curve along which neither x nor y turns around, so that the upright box of its
+/// ends holds it.
+struct MonotonePiece {
+    CGFloat startTime, endTime;
+    CGPoint start, end;
+
+    /// What the piece adds to the winding number of a point it passes on the left: every point of
+    /// height y counts to the height below, so that pieces share no height and leave out none.
+    int stepAt(CGFloat y) const {
+        return static_cast<int>(end.y > y) - static_cast<int>(start.y > y);
+    }
+
+    /// What the piece adds to the winding around `point`, by the ray towards smaller x. Within
+    /// `scalar::windingEpsilon` of the piece the point is on the outline.
+    Winding windingAround(CGPoint point, const OutlineCurve& curve) const {
+        constexpr CGFloat reach = scalar::windingEpsilon;
+        if (point.y < std::min(start.y, end.y) - reach ||
+            point.y > std::max(start.y, end.y) + reach ||
+            point.x < std::min(start.x, end.x) - reach)
+            return {};
+        if (point.x > std::max(start.x, end.x) + reach)
+            return {stepAt(point.y), false};
+        return windingInsideBox(point, curve);
+    }
+
+private:
+    Winding windingInsideBox(CGPoint point, const OutlineCurve& curve) const;
+};
+
+}  // namespace quorin
