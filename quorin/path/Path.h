@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "quorin/path/Curve.h"
@@ -25,7 +26,9 @@ class Encoder;
 /// for `cg()` and `contains()`, which fill the cached platform path; changing a path is the
 /// caller's to serialise.
 class Path : public std::enable_shared_from_this<Path> {
-    struct Token {};  // keeps the constructor for create()
+    struct Token {  // keeps the constructor for create()
+        explicit Token() = default;
+    };
 
 public:
     using Segment = PathSegment;
@@ -66,6 +69,9 @@ public:
     void addCurveTo(CGPoint point, CGPoint controlPoint1, CGPoint controlPoint2);
     /// Closes the contour. A last anchor of three or more exactly on the first is folded into it.
     void closePath();
+    /// Draws an element of a platform path, as `create` does. An unknown kind of element is a
+    /// programming error.
+    void addElement(const CGPathElement& element);
 
     /// The platform path, built on demand and kept until the path changes. Corner radii are not
     /// applied.
@@ -91,6 +97,13 @@ public:
     /// places equally near the one on the earliest curve.
     std::optional<CurveLocation> nearestCurveLocation(CGPoint from, CGFloat lineWidth,
                                                       CGFloat tolerance) const;
+    /// The nearest place of all, on the earliest curve: no other is nearer by more than `accuracy`
+    /// points. Nothing when there is no curve.
+    std::optional<CurveLocation> nearestLocation(CGPoint from, CGFloat accuracy) const;
+    /// The sum of the curves' lengths.
+    CGFloat length() const;
+    /// The length to `accuracy` points, whatever the curves' shapes; says what was reached.
+    MeasuredLength length(CGFloat accuracy) const;
     /// Whether the filled path holds the point, non-zero winding; an open path counts as closed.
     bool contains(CGPoint point) const;
     /// The tight box of the curves; null without segments.
@@ -108,6 +121,9 @@ public:
     friend bool operator==(const Path& a, const Path& b);
 
 private:
+    void bendLast(CGPoint handleOut);
+    void append(Segment segment);
+
     bool _isClosed = false;
     SegmentCollection _segments;
     mutable std::shared_ptr<const CGPath> _cgPath;

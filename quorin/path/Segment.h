@@ -29,7 +29,8 @@ public:
     using HandleType = quorin::HandleType;
 
     PathSegment() = default;
-    /// Handles relative to `point`, stored as they are whatever the behaviour.
+    /// Handles relative to `point`, stored as they are whatever the behaviour. An index beyond 32
+    /// bits is a programming error.
     PathSegment(CGPoint point, CGPoint handleIn, CGPoint handleOut, PointBehavior behavior,
                 std::weak_ptr<Path> of = {}, std::optional<std::ptrdiff_t> at = std::nullopt);
     /// Absolute control points. A missing behaviour is inferred with exact comparisons: straight
@@ -88,10 +89,12 @@ public:
     friend bool operator==(const PathSegment& a, const PathSegment& b);
 
 private:
+    friend class Path;
     friend class PathSegmentCollection;
 
     static constexpr std::int32_t noIndex = std::numeric_limits<std::int32_t>::min();
 
+    static std::int32_t storedIndex(std::ptrdiff_t index);
     void invalidatePathCache() const;
 
     CGPoint _point, _handleIn, _handleOut;

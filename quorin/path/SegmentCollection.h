@@ -19,7 +19,8 @@ public:
     using value_type = PathSegment;
 
     PathSegmentCollection() = default;
-    /// Holds the segments as they are, with no path.
+    /// Holds the segments as they are, without a path: each keeps its own path and index until an
+    /// operation stores it.
     explicit PathSegmentCollection(std::vector<PathSegment> segments);
     /// Copies of the segments of `other` that belong to `path`, with the indices they have there.
     PathSegmentCollection(std::weak_ptr<Path> path, const PathSegmentCollection& other);
@@ -35,7 +36,10 @@ public:
     const_iterator end() const { return _segments.end(); }
     std::optional<PathSegment> first() const;
     std::optional<PathSegment> last() const;
-    const PathSegment& operator[](std::size_t index) const;
+    const PathSegment& operator[](std::size_t index) const {
+        requireIndex(index);
+        return _segments[index];
+    }
     /// Nothing when there is no such position.
     std::optional<PathSegment> segmentAt(std::ptrdiff_t index) const;
 
@@ -43,6 +47,7 @@ public:
     /// Replaces the segment at `index`.
     void setAt(std::size_t index, PathSegment segment);
     void append(PathSegment segment);
+    /// Puts the segment first and adds one to the index of every other.
     void prepend(PathSegment segment);
     void removeAt(std::size_t index);
     void removeLast();
@@ -59,10 +64,21 @@ public:
 private:
     friend class Path;
 
+    void requireIndex(std::size_t index) const {
+        if (index >= count())
+            failAt(index);
+    }
+    [[noreturn]] void failAt(std::size_t index) const;
     void invalidatePathCache() const;
-    void store(PathSegment& place, PathSegment&& segment, std::size_t index);
+    /// Gives `segment` the collection's path and `index`.
+    void adopt(PathSegment& segment, std::size_t index) const;
+    /// `append` for a caller who drops the cache.
+    void adoptLast(PathSegment&& segment);
 
     std::weak_ptr<Path> _path;
+    /// Where `_path` led at first, to be compared only: the weak reference keeps the place from
+    /// being used again. When set, every stored segment has `_path` as its path.
+    const Path* _owner = nullptr;
     std::vector<PathSegment> _segments;
 };
 
