@@ -10,7 +10,9 @@ namespace quorin {
 
 /// Several contours that are painted as one, for example a ring.
 class CompoundPath {
-    struct Token {};
+    struct Token {  // keeps the constructor for create()
+        explicit Token() = default;
+    };
 
 public:
     explicit CompoundPath(Token) {}
@@ -21,6 +23,10 @@ public:
     static std::shared_ptr<CompoundPath> create(std::vector<std::shared_ptr<Path>> children);
     /// A child for each subpath; a move at the very end that draws nothing is left out.
     static std::shared_ptr<CompoundPath> create(const CGPath& cg);
+
+    /// Draws an element of a platform path: a move begins a child, everything else goes to the last
+    /// one. An unknown kind of element, or drawing before the first move, is a programming error.
+    void addElement(const CGPathElement& element);
 
     const std::vector<std::shared_ptr<Path>>& children() const { return _children; }
     void setChildren(std::vector<std::shared_ptr<Path>> children);
