@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cmath>
 #include <optional>
 #include <utility>
 
+#include "quorin/geometry/BitComparison.h"
 #include "quorin/geometry/Line.h"
 #include "quorin/geometry/PointArithmetic.h"
 #include "quorin/geometry/Polynomial.h"
@@ -29,6 +29,8 @@ struct CubicBezier {
 
     /// Places, directions and curvature at a time; nothing outside [0, 1].
     std::optional<CGPoint> pointAt(CGFloat t) const {
+        if (isInsideUnitInterval(t)) [[likely]]
+            return PowerBasis::forEvaluation(*this).interiorPointAt(t);
         if (t < 0 || t > 1)
             return std::nullopt;
         return PowerBasis::forEvaluation(*this).pointAt(t);
@@ -105,7 +107,8 @@ inline PowerBasis PowerBasis::forEvaluation(const CubicBezier& curve) {
     // A handle too small to matter is left out, so that a curve drawn without handles and one
     // whose handles were computed to nothing evaluate alike.
     const auto isZero = [](CGPoint handle) {
-        return std::abs(handle.x) < scalar::epsilon && std::abs(handle.y) < scalar::epsilon;
+        return isMagnitudeBelow(handle.x, scalar::epsilon) &&
+               isMagnitudeBelow(handle.y, scalar::epsilon);
     };
     return PowerBasis(curve.p1, isZero(curve.h1) ? curve.p1 : curve.c1(),
                       isZero(curve.h2) ? curve.p2 : curve.c2(), curve.p2);

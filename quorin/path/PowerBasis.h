@@ -30,8 +30,10 @@ struct PowerBasis {
             return p1;
         if (t == 1)
             return p2;
-        return ((a * t + b) * t + c) * t + p1;
+        return interiorPointAt(t);
     }
+    /// The polynomial itself, which meets p1 at 0 but p2 at 1 only nearly.
+    CGPoint interiorPointAt(CGFloat t) const { return ((a * t + b) * t + c) * t + p1; }
 
     /// The derivative, constant within `curvetimeEpsilon` of either end.
     CGPoint derivativeAt(CGFloat t) const {
