@@ -2,10 +2,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "quorin/platform/values/CGAffineTransform.h"
 #include "quorin/platform/values/CGGeometry.h"
 #include "quorin/platform/values/CGRect.h"
 #include "quorin/platform/values/FunctionRef.h"
@@ -38,7 +41,9 @@ public:
 /// (JSON, a binary form) is the implementation's affair.
 ///
 /// A point is written as the list [x, y], a size as [width, height], a vector as [dx, dy], a rect
-/// as [[x, y], [width, height]]. Throws `EncodingError`.
+/// as [[x, y], [width, height]], a transform as its six numbers. Throws `EncodingError`.
+///
+/// An encoder writes only while no inner record of it is open.
 class Encoder {
 public:
     virtual ~Encoder() = default;
@@ -51,6 +56,8 @@ public:
     virtual void encodeSize(std::string_view key, CGSize value) = 0;
     virtual void encodeVector(std::string_view key, CGVector value) = 0;
     virtual void encodeRect(std::string_view key, const CGRect& value) = 0;
+    virtual void encodeTransform(std::string_view key, const CGAffineTransform& value) = 0;
+    virtual void encodeNumbers(std::string_view key, std::span<const CGFloat> values) = 0;
 
     /// One record under `key`, written by `body`.
     virtual void encodeRecord(std::string_view key, FunctionRef<void(Encoder&)> body) = 0;
@@ -76,6 +83,9 @@ public:
     virtual CGSize decodeSize(std::string_view key) = 0;
     virtual CGVector decodeVector(std::string_view key) = 0;
     virtual CGRect decodeRect(std::string_view key) = 0;
+    virtual CGAffineTransform decodeTransform(std::string_view key) = 0;
+    /// A list of any number of numbers.
+    virtual std::vector<CGFloat> decodeNumbers(std::string_view key) = 0;
 
     /// The record under `key`, read by `body`.
     virtual void decodeRecord(std::string_view key, FunctionRef<void(Decoder&)> body) = 0;
