@@ -67,8 +67,8 @@ using DrawingBrush =
 enum class DrawingLineCap : std::uint8_t { butt, round, square };
 enum class DrawingLineJoin : std::uint8_t { miter, round, bevel };
 
-/// How a shape is painted: the fill first, the stroke over it. Lengths are in the drawing's
-/// units, opacities from 0 to 1.
+/// How a shape is painted: the fill, then the stroke over it unless told otherwise. Lengths are in
+/// the drawing's units, opacities from 0 to 1.
 struct DrawingPaint {
     DrawingBrush fill = DrawingColor{};
     CGFloat fillOpacity = 1;
@@ -84,6 +84,7 @@ struct DrawingPaint {
     std::vector<CGFloat> dashes;
     CGFloat dashOffset = 0;
 
+    bool isStrokeFirst = false;  ///< the fill over the stroke
     /// Of fill and stroke together.
     CGFloat opacity = 1;
 
@@ -111,7 +112,7 @@ struct Drawing {
     static Drawing decode(Decoder& decoder);
 };
 
-/// Whether both have the same number of shapes and these draw the same elements with the same
+/// Whether the shapes of both that draw anything, in order, draw the same elements with the same
 /// points, bit for bit but for the sign of zero. Paint and names do not count.
 bool hasSameGeometry(const Drawing& a, const Drawing& b);
 

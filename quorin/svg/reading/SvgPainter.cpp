@@ -1,0 +1,67 @@
+#include "quorin/svg/reading/SvgPainter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "quorin/svg/reading/SvgTransform.h"
+
+namespace quorin {
+
+DrawingPaint SvgPainter::paint(pugi::xml_node node, const SvgContext& context, const CGPath& path) {
+    const SvgStyle& style = context.style;
+    DrawingPaint paint;
+    paint.fill = brush(node, style.fill, context, path);
+    paint.fillOpacity = style.fillOpacity;
+    paint.fillRule = style.fillRule;
+    paint.stroke = brush(node, style.stroke, context, path);
+    paintStroke(context, paint);
+    paint.isStrokeFirst = style.isStrokeFirst;
+    paint.opacity = context.opacity;
+    return paint;
+}
+
+void SvgPainter::paintStroke(const SvgContext& context, DrawingPaint& paint) const {
+    const SvgStyle& style = context.style;
+    const CGFloat scale = style.isStrokeScaled ? meanScale(context.transform) : 1;
+    const auto resolved = [&](const SvgLength& length) {
+        return length.resolved(context.viewport, SvgAxis::diagonal) * scale;
+    };
+    paint.strokeOpacity = style.strokeOpacity;
+    paint.strokeWidth = resolved(style.strokeWidth);
+    paint.lineCap = style.lineCap;
+    paint.lineJoin = style.lineJoin;
+    paint.miterLimit = style.miterLimit;
+    for (const SvgLength& dash : style.dashes)
+        paint.dashes.push_back(resolved(dash));
+    paint.dashOffset = resolved(style.dashOffset);
+    const auto isFinite = [](CGFloat length) { return std::isfinite(length); };
+    if (!isFinite(paint.dashOffset) ||
+        !std::all_of(paint.dashes.begin(), paint.dashes.end(), isFinite)) {
+        paint.dashes.clear();
+        paint.dashOffset = 0;
+    }
+}
+
+DrawingBrush SvgPainter::brush(pugi::xml_node node, const SvgPaintValue& value,
+                               const SvgContext& context, const CGPath& path) {
+    const DrawingBrush color =
+        value.hasColor ? DrawingBrush(value.color.resolved(context.style.color)) : DrawingBrush();
+    if (value.reference.empty())
+        return color;
+
+    const pugi::xml_node target = document.elementWithId(value.reference);
+    const SvgGradient* gradient = gradients.gradient(target);
+    if (gradient == nullptr) {
+        const std::string what = target ? "<" + std::string(document.name(target)) + ">"
+                                        : std::string("nothing with the id");
+        document.messages().warn(document.offset(node),
+                                 "paint: " + what + " '" + value.reference + "' is not a gradient");
+        return color;
+    }
+    budget.spend(gradient->stops.size(), document.offset(node));
+    const CGRect box = gradient->isInUserSpace ? CGRect() : path.pathBoundingBox();
+    return brushOf(*gradient, {box, context.viewport, context.transform});
+}
+
+}  // namespace quorin
