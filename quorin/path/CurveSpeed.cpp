@@ -50,10 +50,6 @@ int pointCountFor(CGFloat from, CGFloat to) {
 
 }  // namespace
 
-CGFloat CurveSpeed::integrated(CGFloat from, CGFloat to) const {
-    return integrated(from, to, pointCountFor(from, to));
-}
-
 QUORIN_VECTOR_CLONES
 CGFloat CurveSpeed::integrated(CGFloat from, CGFloat to, int pointCount) const {
     const auto row = static_cast<std::size_t>(pointCount - 2);
@@ -67,6 +63,10 @@ CGFloat CurveSpeed::integrated(CGFloat from, CGFloat to, int pointCount) const {
     if (pointCount > 4)
         return integratedBy<4>(rule, *this);
     return integratedBy<2>(rule, *this);
+}
+
+CGFloat CurveSpeed::integrated(CGFloat from, CGFloat to) const {
+    return integrated(from, to, pointCountFor(from, to));
 }
 
 }  // namespace quorin
