@@ -36,8 +36,8 @@ public:
 
     std::size_t count() const { return text.size() / 2; }
     char32_t operator[](std::size_t index) const {
-        const auto first = static_cast<unsigned char>(text[2 * index]);
-        const auto second = static_cast<unsigned char>(text[2 * index + 1]);
+        const char32_t first = static_cast<unsigned char>(text[2 * index]);
+        const char32_t second = static_cast<unsigned char>(text[2 * index + 1]);
         return isBigEndian ? first << 8 | second : second << 8 | first;
     }
 
