@@ -78,17 +78,10 @@ DrawingColor decodeColor(Decoder& decoder) {
     return color;
 }
 
-constexpr std::pair<std::string_view, CGFloat CGAffineTransform::*> transformFields[] = {
-    {"a", &CGAffineTransform::a}, {"b", &CGAffineTransform::b},   {"c", &CGAffineTransform::c},
-    {"d", &CGAffineTransform::d}, {"tx", &CGAffineTransform::tx}, {"ty", &CGAffineTransform::ty}};
-
 /// What both kinds of gradient have besides their points.
 template <typename Gradient>
 void encodeColors(Encoder& encoder, const Gradient& gradient) {
-    encoder.encodeRecord("transform", [&](Encoder& record) {
-        for (const auto& [name, field] : transformFields)
-            record.encodeNumber(name, gradient.transform.*field);
-    });
+    encoder.encodeTransform("transform", gradient.transform);
     encodeWord(encoder, "spread", gradient.spread, spreads);
     encoder.encodeRecords("stops", gradient.stops.size(), [&](Encoder& record, std::size_t index) {
         record.encodeNumber("offset", gradient.stops[index].offset);
@@ -98,10 +91,7 @@ void encodeColors(Encoder& encoder, const Gradient& gradient) {
 
 template <typename Gradient>
 void decodeColors(Decoder& decoder, Gradient& gradient) {
-    decoder.decodeRecord("transform", [&](Decoder& record) {
-        for (const auto& [name, field] : transformFields)
-            gradient.transform.*field = record.decodeNumber(name);
-    });
+    gradient.transform = decoder.decodeTransform("transform");
     gradient.spread = decodeWord(decoder, "spread", spreads);
     decoder.decodeRecords("stops", [&](Decoder& record, std::size_t) {
         DrawingGradientStop stop;
@@ -160,14 +150,13 @@ DrawingBrush decodeBrush(Decoder& decoder) {
     return gradient;
 }
 
-void encodeDashes(Encoder& encoder, const std::vector<CGFloat>& dashes) {
-    const std::size_t count = dashes.size();
-    // An odd list is run through twice, so that dashes and gaps change places.
-    const std::size_t pairs = count % 2 == 0 ? count / 2 : count;
-    encoder.encodeRecords("dashes", pairs, [&](Encoder& record, std::size_t index) {
-        record.encodeNumber("dash", dashes[2 * index % count]);
-        record.encodeNumber("gap", dashes[(2 * index + 1) % count]);
-    });
+std::vector<CGFloat> decodeDashes(Decoder& decoder) {
+    std::vector<CGFloat> dashes = decoder.decodeNumbers("dashes");
+    if (dashes.size() % 2 != 0)
+        decoder.corrupted("dashes", "the last dash has no gap");
+    if (!std::all_of(dashes.begin(), dashes.end(), [](CGFloat dash) { return dash >= 0; }))
+        decoder.corrupted("dashes", "negative");
+    return dashes;
 }
 
 void encodePaint(Encoder& encoder, const DrawingPaint& paint) {
@@ -180,7 +169,7 @@ void encodePaint(Encoder& encoder, const DrawingPaint& paint) {
     encodeWord(encoder, "lineCap", paint.lineCap, lineCaps);
     encodeWord(encoder, "lineJoin", paint.lineJoin, lineJoins);
     encoder.encodeNumber("miterLimit", paint.miterLimit);
-    encodeDashes(encoder, paint.dashes);
+    encoder.encodeNumbers("dashes", paint.dashes);
     encoder.encodeNumber("dashOffset", paint.dashOffset);
     encoder.encodeBool("isStrokeFirst", paint.isStrokeFirst);
     encoder.encodeNumber("opacity", paint.opacity);
@@ -197,10 +186,7 @@ DrawingPaint decodePaint(Decoder& decoder) {
     paint.lineCap = decodeWord(decoder, "lineCap", lineCaps);
     paint.lineJoin = decodeWord(decoder, "lineJoin", lineJoins);
     paint.miterLimit = decodeAtLeast(decoder, "miterLimit", 1);
-    decoder.decodeRecords("dashes", [&](Decoder& record, std::size_t) {
-        paint.dashes.push_back(decodeAtLeast(record, "dash", 0));
-        paint.dashes.push_back(decodeAtLeast(record, "gap", 0));
-    });
+    paint.dashes = decodeDashes(decoder);
     paint.dashOffset = decoder.decodeNumber("dashOffset");
     paint.isStrokeFirst = decoder.decodeBool("isStrokeFirst");
     paint.opacity = decodeFraction(decoder, "opacity");
