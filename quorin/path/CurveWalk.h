@@ -8,8 +8,8 @@
 namespace quorin {
 
 /// The curve from the one anchor to the next.
-inline CubicBezier cubicBetween(const PathSegment& from, const PathSegment& to) {
-    return {from.point(), from.handleOut(), to.handleIn(), to.point()};
+inline CubicBezier cubicBetween(const PathAnchor& from, const PathAnchor& to) {
+    return {from.point, from.handleOut, to.handleIn, to.point};
 }
 
 /// Calls `body` with the geometry and the position of each curve that `path.curves()` lists, in
@@ -17,15 +17,14 @@ inline CubicBezier cubicBetween(const PathSegment& from, const PathSegment& to) 
 /// nothing.
 template <typename Body>
 bool walkCurves(const Path& path, Body&& body) {
-    const auto& segments = path.segments();
-    const std::size_t count = segments.count();
-    if (count < 2)
+    const auto anchors = path.segments().anchors();
+    if (anchors.size() < 2)
         return false;
-    std::size_t index = 0;
-    for (auto to = segments.begin() + 1; to != segments.end(); ++to, ++index)
-        if (body(cubicBetween(*(to - 1), *to), index))
+    const std::size_t last = anchors.size() - 1;
+    for (std::size_t i = 0; i < last; ++i)
+        if (body(cubicBetween(anchors[i], anchors[i + 1]), i))
             return true;
-    return path.isClosed() && body(cubicBetween(segments[count - 1], segments[0]), index);
+    return path.isClosed() && body(cubicBetween(anchors[last], anchors[0]), last);
 }
 
 /// Calls `body` with the geometry of each curve that `path.curves()` lists, in that order.

@@ -3,7 +3,6 @@
 #include "quorin/geometry/PointArithmetic.h"
 #include "quorin/path/CurveWalk.h"
 #include "quorin/platform/cgpath/CGMutablePath.h"
-#include "quorin/platform/cgpath/CGMutablePath.h"
 #include "quorin/platform/values/FatalError.h"
 
 namespace quorin {
@@ -20,7 +19,7 @@ void addOutline(const Path& path, CGMutablePath& outline) {
                  [&](const CubicBezier& curve) { ++(isDrawnCurved(curve) ? cubics : lines); });
     outline.reserve(1 + lines + cubics + (path.isClosed() ? 1 : 0), 1 + lines + 3 * cubics);
 
-    outline.moveTo(path.segments()[0].point());
+    outline.moveTo(path.segments().anchors().front().point);
     forEachCurve(path, [&](const CubicBezier& curve) {
         if (isDrawnCurved(curve))
             outline.addCurveTo(curve.p2, curve.c1(), curve.c2());
@@ -32,10 +31,10 @@ void addOutline(const Path& path, CGMutablePath& outline) {
 }
 
 void addQuadratic(Path& path, CGPoint control, CGPoint end) {
-    const auto last = path.segments().last();
-    if (!last)
+    const auto anchors = path.segments().anchors();
+    if (anchors.empty())
         return;
-    const CGPoint c = (2 * control + last->point()) / 3.0;
+    const CGPoint c = (2 * control + anchors.back().point) / 3.0;
     path.addCurveTo(end, c, c);
 }
 

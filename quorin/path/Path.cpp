@@ -1,7 +1,5 @@
 #include "quorin/path/Path.h"
 
-#include <utility>
-
 #include "quorin/geometry/PointArithmetic.h"
 
 namespace quorin {
@@ -26,54 +24,51 @@ std::shared_ptr<Path> Path::create(std::span<const Curve> curves, bool isClosed)
     return path;
 }
 
-void Path::append(Segment segment) {
-    _segments.adoptLast(std::move(segment));
-    // The collection would lock its weak reference to find this cache, at more than the cost of
-    // the anchor. One that was supplied may lead elsewhere, and drops that path's cache as well.
-    if (_segments._owner != this)
-        _segments.invalidatePathCache();
-    invalidatePathCache();
-}
+void Path::dropPlatformPath() { _cgPath = nullptr; }
 
-void Path::bendLast(CGPoint handleOut) {
-    if (_segments.isEmpty())
-        return;
+inline void Path::bendLast(CGPoint handleOut) {
     const std::size_t index = _segments.count() - 1;
     if (_segments._owner == this) {
-        Segment& last = _segments._segments[index];
-        last._handleOut = handleOut;
-        _segments.adopt(last, index);
+        PathAnchor& last = _segments._anchors[index];
+        last.handleOut = handleOut;
+        last.index = static_cast<std::int32_t>(index);
     } else {
         Segment last = _segments[index];
         last.setHandleOut(handleOut);
-        _segments.setAt(index, std::move(last));
+        _segments.setAt(index, last);
     }
 }
 
 void Path::moveTo(CGPoint point) {
     if (_segments.isEmpty())
-        append(Segment(point, CGPoint::zero, CGPoint::zero, PointBehavior::straight));
+        append().point = point;
 }
 
 void Path::addLineTo(CGPoint point) {
-    bendLast(CGPoint::zero);
+    if (!_segments.isEmpty())
+        bendLast(CGPoint::zero);
+    PathAnchor& anchor = append();
+    anchor.point = point;
     // Not straight: an edit of one handle later on must leave the other side alone.
-    append(Segment(point, CGPoint::zero, CGPoint::zero, PointBehavior::disconnected));
+    anchor.behavior = PointBehavior::disconnected;
 }
 
 void Path::addCurveTo(CGPoint point, CGPoint controlPoint1, CGPoint controlPoint2) {
     if (!_segments.isEmpty())
-        bendLast(controlPoint1 - _segments[_segments.count() - 1].point());
-    append(Segment(point, controlPoint2 - point, CGPoint::zero, PointBehavior::disconnected));
+        bendLast(controlPoint1 - _segments.anchors().back().point);
+    PathAnchor& anchor = append();
+    anchor.point = point;
+    anchor.handleIn = controlPoint2 - point;
+    anchor.behavior = PointBehavior::disconnected;
 }
 
 void Path::closePath() {
     _isClosed = true;
-    const std::size_t count = _segments.count();
-    if (count >= 3 && _segments[0].point() == _segments[count - 1].point()) {
+    const auto anchors = _segments.anchors();
+    if (anchors.size() >= 3 && anchors.front().point == anchors.back().point) {
         Segment first = _segments[0];
-        first.setHandleIn(_segments[count - 1].handleIn());
-        _segments.setAt(0, std::move(first));
+        first.setHandleIn(anchors.back().handleIn);
+        _segments.setAt(0, first);
         _segments.removeLast();
     }
     invalidatePathCache();

@@ -76,7 +76,10 @@ public:
     /// The platform path, built on demand and kept until the path changes. Corner radii are not
     /// applied.
     std::shared_ptr<const CGPath> cg() const;
-    void invalidatePathCache() { _cgPath = nullptr; }
+    void invalidatePathCache() {
+        if (_cgPath)
+            dropPlatformPath();
+    }
 
     /// One curve for each pair of consecutive segments; in a closed path of two or more segments
     /// the closing curve last.
@@ -121,8 +124,17 @@ public:
     friend bool operator==(const Path& a, const Path& b);
 
 private:
+    void dropPlatformPath();
     void bendLast(CGPoint handleOut);
-    void append(Segment segment);
+    /// A new last anchor, to be filled where it stands: a pen draws them by the hundred thousand.
+    PathAnchor& append() {
+        // The collection would lock its weak reference to find the cache, at more than the cost of
+        // the anchor. One that was supplied may lead to another path, and drops that one's too.
+        if (_segments._owner != this)
+            _segments.invalidatePathCache();
+        invalidatePathCache();
+        return _segments.add();
+    }
 
     bool _isClosed = false;
     SegmentCollection _segments;

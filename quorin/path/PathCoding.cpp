@@ -7,24 +7,24 @@
 namespace quorin {
 
 void PathSegment::encode(Encoder& encoder) const {
-    encoder.encodePoint("point", _point);
-    encoder.encodePoint("handleIn", _handleIn);
-    encoder.encodePoint("handleOut", _handleOut);
-    encoder.encodeInt("behavior", static_cast<std::int64_t>(_behavior));
-    encoder.encodeNumber("radius", _radius);
+    encoder.encodePoint("point", anchor.point);
+    encoder.encodePoint("handleIn", anchor.handleIn);
+    encoder.encodePoint("handleOut", anchor.handleOut);
+    encoder.encodeInt("behavior", static_cast<std::int64_t>(anchor.behavior));
+    encoder.encodeNumber("radius", anchor.radius);
 }
 
 PathSegment PathSegment::decode(Decoder& decoder) {
     PathSegment segment;
-    segment._point = decoder.decodePoint("point");
-    segment._handleIn = decoder.decodePoint("handleIn");
-    segment._handleOut = decoder.decodePoint("handleOut");
+    segment.anchor.point = decoder.decodePoint("point");
+    segment.anchor.handleIn = decoder.decodePoint("handleIn");
+    segment.anchor.handleOut = decoder.decodePoint("handleOut");
     const std::int64_t rawBehavior = decoder.decodeInt("behavior");
     const auto behavior = quorin::pointBehavior(rawBehavior);
     if (!behavior)
         decoder.corrupted("behavior", std::to_string(rawBehavior) + " is not from 0 to 3");
-    segment._behavior = *behavior;
-    segment._radius = decoder.decodeNumber("radius");
+    segment.anchor.behavior = *behavior;
+    segment.anchor.radius = decoder.decodeNumber("radius");
     return segment;
 }
 
@@ -38,7 +38,7 @@ std::shared_ptr<Path> Path::decode(Decoder& decoder) {
     auto path = create();
     path->_isClosed = decoder.decodeBool("isClosed");
     decoder.decodeRecords("segments", [&path](Decoder& record, std::size_t) {
-        path->append(Segment::decode(record));
+        path->_segments.append(Segment::decode(record));
     });
     return path;
 }

@@ -24,11 +24,13 @@ PointBehavior fittingBehavior(CGPoint handleIn, CGPoint handleOut) {
     return PointBehavior::disconnected;
 }
 
-PathSegment anchor(CGPoint point, CGPoint handleIn, CGPoint handleOut) {
-    const PointBehavior behavior = fittingBehavior(handleIn, handleOut);
-    if (behavior == PointBehavior::straight)
-        handleIn = handleOut = CGPoint::zero;
-    return PathSegment(point, handleIn, handleOut, behavior);
+void fill(PathAnchor& anchor, CGPoint point, CGPoint handleIn, CGPoint handleOut) {
+    anchor.point = point;
+    anchor.behavior = fittingBehavior(handleIn, handleOut);
+    if (anchor.behavior == PointBehavior::straight)
+        return;
+    anchor.handleIn = handleIn;
+    anchor.handleOut = handleOut;
 }
 
 }  // namespace
@@ -55,13 +57,13 @@ void Path::setCurves(std::span<const Curve> curves) {
     const Curve& last = curves.back();
     _segments.reserve(curves.size() + 1);
     if (_isClosed)  // the last curve closes the contour
-        append(anchor(last.p2(), last.h2(), first.h1()));
+        fill(append(), last.p2(), last.h2(), first.h1());
     else  // no curve leads to the first anchor: its in-control point is the origin
-        append(anchor(first.p1(), CGPoint::zero - first.p1(), first.h1()));
+        fill(append(), first.p1(), CGPoint::zero - first.p1(), first.h1());
     for (std::size_t i = 1; i < curves.size(); ++i)
-        append(anchor(curves[i].p1(), curves[i - 1].h2(), curves[i].h1()));
+        fill(append(), curves[i].p1(), curves[i - 1].h2(), curves[i].h1());
     if (!_isClosed)
-        append(anchor(last.p2(), last.h2(), last.h2()));
+        fill(append(), last.p2(), last.h2(), last.h2());
 }
 
 }  // namespace quorin

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "quorin/geometry/CubicBounds.h"
 #include "quorin/path/ControlBox.h"
@@ -39,11 +40,11 @@ bool isOutOfReach(const CubicBezier& cubic, CGPoint from, CGFloat reach) {
 }
 
 /// The position of the anchor nearest to a point; some position when nothing can be compared.
-std::size_t nearestAnchor(const PathSegmentCollection& segments, CGPoint from) {
+std::size_t nearestAnchor(std::span<const PathAnchor> anchors, CGPoint from) {
     std::size_t nearest = 0;
     CGFloat least = scalar::greatestFinite;
-    for (std::size_t i = 0; i < segments.count(); ++i) {
-        const CGPoint d = segments[i].point() - from;
+    for (std::size_t i = 0; i < anchors.size(); ++i) {
+        const CGPoint d = anchors[i].point - from;
         const CGFloat squared = dot(d, d);
         if (squared < least) {
             least = squared;
@@ -55,11 +56,11 @@ std::size_t nearestAnchor(const PathSegmentCollection& segments, CGPoint from) {
 
 /// A curve that starts or ends at the anchor.
 std::optional<CubicBezier> curveAtAnchor(const Path& path, std::size_t index) {
-    const PathSegmentCollection& segments = path.segments();
-    if (segments.count() < 2)
+    const auto anchors = path.segments().anchors();
+    if (anchors.size() < 2)
         return std::nullopt;
-    const std::size_t start = std::min(index, segments.count() - 2);
-    return cubicBetween(segments[start], segments[start + 1]);
+    const std::size_t start = std::min(index, anchors.size() - 2);
+    return cubicBetween(anchors[start], anchors[start + 1]);
 }
 
 std::optional<PathCurveLocation> locationOf(const Path& path, const std::optional<Place>& place) {
@@ -92,7 +93,7 @@ std::optional<PathCurveLocation> Path::nearestCurveLocation(CGPoint from, CGFloa
     const CGFloat reach = reachOf(lineWidth, tolerance);
     CGFloat limit = reach;
     // What the search finds on one curve bounds what is worth searching on all the others.
-    if (const auto cubic = curveAtAnchor(*this, nearestAnchor(_segments, from)))
+    if (const auto cubic = curveAtAnchor(*this, nearestAnchor(_segments.anchors(), from)))
         if (const auto place = nearestPlace(*cubic, 0, from))
             limit = std::min(limit, place->distance);
 
@@ -113,7 +114,7 @@ std::optional<PathCurveLocation> Path::nearestCurveLocation(CGPoint from, CGFloa
 std::optional<PathCurveLocation> Path::nearestLocation(CGPoint from, CGFloat accuracy) const {
     std::optional<Place> nearest;
     CGFloat limit = scalar::greatestFinite;
-    if (const auto cubic = curveAtAnchor(*this, nearestAnchor(_segments, from)))
+    if (const auto cubic = curveAtAnchor(*this, nearestAnchor(_segments.anchors(), from)))
         limit = cubic->nearest(from, accuracy).distance;
     walkCurves(*this, [&](const CubicBezier& cubic, std::size_t index) {
         if (isOutOfReach(cubic, from, limit))

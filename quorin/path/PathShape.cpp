@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <span>
+#include <utility>
 
 #include "quorin/geometry/PointArithmetic.h"
 #include "quorin/geometry/Scalar.h"
@@ -12,20 +14,20 @@
 namespace quorin {
 namespace {
 
-bool isCornerWithoutHandles(const PathSegment& segment) {
-    return segment.behavior() == PointBehavior::straight && segment.handleIn() == CGPoint::zero &&
-           segment.handleOut() == CGPoint::zero;
+bool isCornerWithoutHandles(const PathAnchor& anchor) {
+    return anchor.behavior == PointBehavior::straight && anchor.handleIn == CGPoint::zero &&
+           anchor.handleOut == CGPoint::zero;
 }
 
 constexpr auto isOblique = [](const PathSegment& a, const PathSegment& b) {
     return a.point().x != b.point().x && a.point().y != b.point().y;
 };
 
-std::size_t distinctAnchors(const PathSegmentCollection& segments) {
+std::size_t distinctPoints(std::span<const PathAnchor> anchors) {
     std::size_t distinct = 0;
-    for (auto segment = segments.begin(); segment != segments.end(); ++segment)
-        distinct += std::none_of(segments.begin(), segment, [&](const PathSegment& earlier) {
-            return earlier.point() == segment->point();
+    for (auto anchor = anchors.begin(); anchor != anchors.end(); ++anchor)
+        distinct += std::none_of(anchors.begin(), anchor, [&](const PathAnchor& earlier) {
+            return earlier.point == anchor->point;
         });
     return distinct;
 }
@@ -35,12 +37,15 @@ std::size_t distinctAnchors(const PathSegmentCollection& segments) {
 bool Path::iterateSegments(FunctionRef<bool(const Segment&, const Segment&)> body) const {
     if (_segments.isEmpty())
         return false;
-    for (auto to = _segments.begin() + 1; to != _segments.end(); ++to)
-        if (body(*(to - 1), *to))
+    Segment from = _segments[0];
+    for (std::size_t i = 1; i < _segments.count(); ++i) {
+        Segment to = _segments[i];
+        if (body(from, to))
             return true;
-
-    const Segment& first = *_segments.begin();
-    const Segment& last = *(_segments.end() - 1);
+        from = std::move(to);
+    }
+    const Segment& last = from;
+    const Segment first = _segments[0];
     return _isClosed && !(last == first) && body(last, first);
 }
 
@@ -58,18 +63,19 @@ bool Path::isStraight() const {
 }
 
 bool Path::isSimpleRectangle() const {
-    if (!_isClosed || _segments.count() != 4)
+    const auto anchors = _segments.anchors();
+    if (!_isClosed || anchors.size() != 4)
         return false;
-    if (!std::all_of(_segments.begin(), _segments.end(), isCornerWithoutHandles))
+    if (!std::ranges::all_of(anchors, isCornerWithoutHandles))
         return false;
     if (iterateSegments(isOblique))
         return false;
     // Squares shrunk to a line or a point still pass; one doubled corner makes a triangle.
-    if (distinctAnchors(_segments) == 3)
+    if (distinctPoints(anchors) == 3)
         return false;
-    const CGFloat radius = _segments[0].radius();
-    return std::all_of(_segments.begin(), _segments.end(),
-                       [radius](const Segment& segment) { return segment.radius() == radius; });
+    const CGFloat radius = anchors[0].radius;
+    return std::ranges::all_of(
+        anchors, [radius](const PathAnchor& anchor) { return anchor.radius == radius; });
 }
 
 }  // namespace quorin

@@ -5,7 +5,6 @@
 
 #include "quorin/geometry/PointArithmetic.h"
 #include "quorin/path/Path.h"
-#include "quorin/platform/values/FatalError.h"
 #include "quorin/platform/values/TextForm.h"
 
 namespace quorin {
@@ -21,12 +20,8 @@ PointBehavior inferredBehavior(CGPoint handleIn, CGPoint handleOut) {
 
 PathSegment::PathSegment(CGPoint point, CGPoint handleIn, CGPoint handleOut, PointBehavior behavior,
                          std::weak_ptr<Path> of, std::optional<std::ptrdiff_t> at)
-    : _point(point),
-      _handleIn(handleIn),
-      _handleOut(handleOut),
-      _path(std::move(of)),
-      _index(at ? storedIndex(*at) : noIndex),
-      _behavior(behavior) {}
+    : anchor{point, handleIn, handleOut, 0, at ? storedIndex(*at) : PathAnchor::noIndex, behavior},
+      _path(std::move(of)) {}
 
 PathSegment PathSegment::withControlPoints(CGPoint point, CGPoint controlPointIn,
                                            CGPoint controlPointOut,
@@ -39,11 +34,10 @@ PathSegment PathSegment::withControlPoints(CGPoint point, CGPoint controlPointIn
                        behavior.value_or(inferredBehavior(handleIn, handleOut)), std::move(of), at);
 }
 
-std::int32_t PathSegment::storedIndex(std::ptrdiff_t index) {
-    const auto stored = static_cast<std::int32_t>(index);
-    if (stored != index || stored == noIndex)
-        fatalError("segment index " + std::to_string(index) + " beyond 32 bits");
-    return stored;
+std::optional<std::ptrdiff_t> PathSegment::index() const {
+    if (anchor.index == PathAnchor::noIndex)
+        return std::nullopt;
+    return anchor.index;
 }
 
 void PathSegment::invalidatePathCache() const {
@@ -52,45 +46,47 @@ void PathSegment::invalidatePathCache() const {
 }
 
 void PathSegment::setHandleIn(CGPoint handle) {
-    _handleIn = handle;
+    anchor.handleIn = handle;
     invalidatePathCache();
 }
 
 void PathSegment::setHandleOut(CGPoint handle) {
-    _handleOut = handle;
+    anchor.handleOut = handle;
     invalidatePathCache();
 }
 
-CGPoint PathSegment::controlPointIn() const { return _point + _handleIn; }
+CGPoint PathSegment::controlPointIn() const { return anchor.point + anchor.handleIn; }
 
-CGPoint PathSegment::controlPointOut() const { return _point + _handleOut; }
+CGPoint PathSegment::controlPointOut() const { return anchor.point + anchor.handleOut; }
 
-void PathSegment::setControlPointIn(CGPoint controlPoint) { setHandleIn(controlPoint - _point); }
+void PathSegment::setControlPointIn(CGPoint controlPoint) {
+    setHandleIn(controlPoint - anchor.point);
+}
 
-void PathSegment::setControlPointOut(CGPoint controlPoint) { setHandleOut(controlPoint - _point); }
+void PathSegment::setControlPointOut(CGPoint controlPoint) {
+    setHandleOut(controlPoint - anchor.point);
+}
 
 CGPoint PathSegment::controlPoint(HandleType type) const {
     return type == HandleType::handleIn ? controlPointIn() : controlPointOut();
 }
 
 std::array<CGPoint, 3> PathSegment::allPoints() const {
-    return {_point, controlPointIn(), controlPointOut()};
+    return {anchor.point, controlPointIn(), controlPointOut()};
 }
 
 PathSegment PathSegment::reversed() const {
-    return PathSegment(_point, _handleOut, _handleIn, _behavior, _path, index());
+    return PathSegment(anchor.point, anchor.handleOut, anchor.handleIn, anchor.behavior, _path,
+                       index());
 }
 
 std::string PathSegment::description() const {
-    return textForm(_point) + " in: " + textForm(_handleIn) + " out: " + textForm(_handleOut) +
-           " " + std::string(quorin::description(_behavior)) + " radius: " + textForm(_radius) +
+    return textForm(anchor.point) + " in: " + textForm(anchor.handleIn) +
+           " out: " + textForm(anchor.handleOut) + " " +
+           std::string(quorin::description(anchor.behavior)) +
+           " radius: " + textForm(anchor.radius) +
            " path: " + (_path.expired() ? "nil" : "Optional(Path)") +
            " index: " + textForm(index());
-}
-
-bool operator==(const PathSegment& a, const PathSegment& b) {
-    return a._point == b._point && a._handleIn == b._handleIn && a._handleOut == b._handleOut &&
-           a._behavior == b._behavior && a._index == b._index && a._radius == b._radius;
 }
 
 }  // namespace quorin

@@ -2,12 +2,12 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
-#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
+#include "quorin/path/Anchor.h"
 #include "quorin/path/PointBehavior.h"
 #include "quorin/platform/values/CGGeometry.h"
 
@@ -41,18 +41,16 @@ public:
                                          std::weak_ptr<Path> of = {},
                                          std::optional<std::ptrdiff_t> at = std::nullopt);
 
-    CGPoint point() const { return _point; }
-    CGPoint handleIn() const { return _handleIn; }
-    CGPoint handleOut() const { return _handleOut; }
-    PointBehavior behavior() const { return _behavior; }
-    CGFloat radius() const { return _radius; }
-    std::optional<std::ptrdiff_t> index() const {
-        return _index == noIndex ? std::nullopt : std::optional<std::ptrdiff_t>(_index);
-    }
+    CGPoint point() const { return anchor.point; }
+    CGPoint handleIn() const { return anchor.handleIn; }
+    CGPoint handleOut() const { return anchor.handleOut; }
+    PointBehavior behavior() const { return anchor.behavior; }
+    CGFloat radius() const { return anchor.radius; }
+    std::optional<std::ptrdiff_t> index() const;
     std::shared_ptr<Path> path() const { return _path.lock(); }
 
-    void setPoint(CGPoint point) { _point = point; }
-    void setRadius(CGFloat radius) { _radius = radius; }
+    void setPoint(CGPoint point) { anchor.point = point; }
+    void setRadius(CGFloat radius) { anchor.radius = radius; }
     /// Stores this handle only, without coupling, and drops the path's cached platform path.
     void setHandleIn(CGPoint handle);
     void setHandleOut(CGPoint handle);
@@ -74,7 +72,7 @@ public:
     void clearHandles();
 
     /// Whether the behaviour is anything but straight, whatever the handles are.
-    bool hasHandles() const { return _behavior != PointBehavior::straight; }
+    bool hasHandles() const { return anchor.behavior != PointBehavior::straight; }
     /// The point, the in-control point, the out-control point.
     std::array<CGPoint, 3> allPoints() const;
     /// A copy with the handles exchanged and the radius back at 0.
@@ -86,24 +84,21 @@ public:
     static PathSegment decode(Decoder& decoder);
 
     /// Exact, index and radius included; which path it belongs to does not count.
-    friend bool operator==(const PathSegment& a, const PathSegment& b);
+    friend bool operator==(const PathSegment& a, const PathSegment& b) {
+        return a.anchor == b.anchor;
+    }
 
 private:
     friend class Path;
     friend class PathSegmentCollection;
 
-    static constexpr std::int32_t noIndex = std::numeric_limits<std::int32_t>::min();
+    PathSegment(const PathAnchor& stored, std::weak_ptr<Path> path)
+        : anchor(stored), _path(std::move(path)) {}
 
-    static std::int32_t storedIndex(std::ptrdiff_t index);
     void invalidatePathCache() const;
 
-    CGPoint _point, _handleIn, _handleOut;
-    CGFloat _radius = 0;
+    PathAnchor anchor;
     std::weak_ptr<Path> _path;
-    std::int32_t _index = noIndex;
-    PointBehavior _behavior = PointBehavior::straight;
 };
-
-static_assert(sizeof(PathSegment) <= 96, "a path of 100,000 anchors is walked at every click");
 
 }  // namespace quorin

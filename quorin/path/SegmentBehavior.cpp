@@ -76,33 +76,33 @@ CGPoint coupled(CGPoint leading, CGPoint opposite, PointBehavior behavior) {
 
 void PathSegment::setHandle(CGPoint handle, HandleType type) {
     const bool isIn = type == HandleType::handleIn;
-    CGPoint& opposite = isIn ? _handleOut : _handleIn;
-    (isIn ? _handleIn : _handleOut) = handle;
-    opposite = coupled(handle, opposite, _behavior);
+    CGPoint& opposite = isIn ? anchor.handleOut : anchor.handleIn;
+    (isIn ? anchor.handleIn : anchor.handleOut) = handle;
+    opposite = coupled(handle, opposite, anchor.behavior);
     invalidatePathCache();
 }
 
 void PathSegment::setControlPoint(CGPoint controlPoint, HandleType type) {
-    setHandle(controlPoint - _point, type);
+    setHandle(controlPoint - anchor.point, type);
 }
 
 void PathSegment::clearHandles() {
-    _handleIn = _handleOut = CGPoint::zero;
+    anchor.handleIn = anchor.handleOut = CGPoint::zero;
     invalidatePathCache();
 }
 
 void PathSegment::setBehavior(PointBehavior behavior) {
-    const bool wasCorner = _behavior == PointBehavior::straight;
-    _behavior = behavior;
+    const bool wasCorner = anchor.behavior == PointBehavior::straight;
+    anchor.behavior = behavior;
     if (behavior == PointBehavior::straight) {
         clearHandles();
     } else if (wasCorner) {
         // Every smooth behaviour starts mirrored; the first drag shows what it couples.
-        _handleOut = smoothHandleOut(_point, neighboursOf(*this));
-        _handleIn = -_handleOut;
+        anchor.handleOut = smoothHandleOut(anchor.point, neighboursOf(*this));
+        anchor.handleIn = -anchor.handleOut;
         invalidatePathCache();
     } else {
-        setHandle(_handleOut, HandleType::handleOut);
+        setHandle(anchor.handleOut, HandleType::handleOut);
     }
 }
 

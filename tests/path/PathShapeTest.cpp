@@ -80,13 +80,18 @@ TEST(IterateSegments, stopsAtTheFirstPairThatAnswersTrue) {
     EXPECT_FALSE(stopAt(4));
 }
 
-TEST(IterateSegments, handsOutTheStoredSegments) {
+TEST(IterateSegments, handsOutSegmentsThatKnowTheirPlace) {
     const auto path = polygon({{1, 0}, {2, 0}}, true);
+    int pairs = 0;
     path->iterateSegments([&](const PathSegment& a, const PathSegment& b) {
-        EXPECT_TRUE(&a == &path->segments()[0] || &a == &path->segments()[1]);
-        EXPECT_NE(&a, &b);
+        EXPECT_EQ(a, path->segments()[pairs == 0 ? 0 : 1]);
+        EXPECT_EQ(b, path->segments()[pairs == 0 ? 1 : 0]);
+        EXPECT_EQ(a.path(), path);
+        EXPECT_EQ(b.path(), path);
+        ++pairs;
         return false;
     });
+    EXPECT_EQ(pairs, 2);
 }
 
 TEST(PathShape, isClassifiedWithoutAllocating) {

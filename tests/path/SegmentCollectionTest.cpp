@@ -1,5 +1,6 @@
 #include "quorin/path/SegmentCollection.h"
 
+#include <iterator>
 #include <limits>
 
 #include "quorin/path/Path.h"
@@ -69,6 +70,28 @@ TEST(SegmentCollection, walksItsSegmentsInOrder) {
     EXPECT_EQ(segments[1].point().x, 2);
 }
 
+TEST(SegmentCollection, isWalkedAtRandom) {
+    static_assert(std::random_access_iterator<PathSegmentCollection::const_iterator>);
+    const auto path = pathWithAnchorsAt({1, 2, 3});
+    auto place = path->segments().begin();
+    EXPECT_EQ(place[2].point().x, 3);
+    EXPECT_EQ((*place++).point().x, 1);
+    EXPECT_EQ((*++place).point().x, 3);
+    EXPECT_EQ((*place--).point().x, 3);
+    EXPECT_EQ((*--place).point().x, 1);
+    EXPECT_EQ((*(2 + place)).point().x, 3);
+    EXPECT_EQ(path->segments().end() - place, 3);
+    EXPECT_EQ(path->segments().end() - 3, place);
+    EXPECT_LT(place, path->segments().end());
+}
+
+TEST(SegmentCollection, showsWhatIsStoredToWhoWalksAll) {
+    const auto path = pathWithAnchorsAt({1, 2});
+    const auto anchors = path->segments().anchors();
+    ASSERT_EQ(anchors.size(), 2u);
+    EXPECT_EQ(anchors[1], (PathAnchor{{2, 0}, {}, {}, 0, 1, PointBehavior::straight}));
+}
+
 TEST(SegmentCollection, answersNothingWhereThereIsNoSegment) {
     const auto path = pathWithAnchorsAt({1, 2});
     EXPECT_EQ(path->segments().segmentAt(1)->point().x, 2);
@@ -136,6 +159,25 @@ TEST(SegmentCollection, shiftsWhateverIndicesThereAreWhenPrepending) {
     EXPECT_EQ(segments[1].path(), elsewhere);
 }
 
+TEST(SegmentCollection, diesOfShiftingAnIndexBeyond32Bits) {
+    PathSegmentCollection segments({at(1, {}, 2147483647)});
+    EXPECT_DEATH(segments.prepend(at(0)), "segment index 2147483648 beyond 32 bits");
+}
+
+TEST(SegmentCollection, keepsTheOwnPathsOfListedSegmentsApart) {
+    const auto one = Path::create();
+    const auto two = Path::create();
+    PathSegmentCollection segments({at(1, one), at(2, two), at(3, one)});
+    segments.setAt(0, at(10, two));
+    segments.append(at(4, two));
+    segments.prepend(at(0, two));
+    segments.removeLast();
+    std::vector<std::shared_ptr<Path>> paths;
+    for (const PathSegment& segment : segments)
+        paths.push_back(segment.path());
+    EXPECT_THAT(paths, ElementsAre(nullptr, nullptr, two, one));
+}
+
 TEST(SegmentCollection, renumbersAfterRemoving) {
     const auto path = pathWithAnchorsAt({1, 2, 3});
     path->segments().removeAt(0);
@@ -158,12 +200,12 @@ TEST(SegmentCollection, adoptsNothingWhenRemovingTheLast) {
 
 TEST(SegmentCollection, keepsItsStorageWhenEmptied) {
     const auto path = pathWithAnchorsAt({1, 2, 3});
-    const PathSegment* storage = &path->segments()[0];
+    const PathAnchor* storage = path->segments().anchors().data();
     path->segments().removeAll();
     EXPECT_TRUE(path->segments().isEmpty());
     for (const CGFloat x : {4, 5, 6})
         path->segments().append(at(x));
-    EXPECT_EQ(&path->segments()[0], storage);
+    EXPECT_EQ(path->segments().anchors().data(), storage);
 }
 
 TEST(SegmentCollection, reindexesForItsOwnPath) {
