@@ -23,36 +23,36 @@ CGFloat valueAt(CGFloat t, CGFloat p1, CGFloat c1, CGFloat c2, CGFloat p2) {
     return between(valueAt(t, p1, c1, c2), valueAt(t, c1, c2, p2), t);
 }
 
-template <typename... Values>
-void extendAxis(Bounds& box, int axis, CGFloat p1, CGFloat p2, Values... controls) {
-    const auto extend = [&](CGFloat value) {
-        if (value < box.min[axis])
-            box.min[axis] = value;
-        if (value > box.max[axis])
-            box.max[axis] = value;
-    };
-    const auto holds = [&](CGFloat value) {
-        return value >= box.min[axis] && value <= box.max[axis];
-    };
-    if ((holds(controls) && ...))
-        return;
-    for (const CGFloat control : {controls...})
-        if (std::isinf(control))
-            extend(control);
-    for (const CGFloat t : extremumTimes(p1, controls..., p2))
-        extend(valueAt(t, p1, controls..., p2));
+void extendCoordinate(Bounds& box, int axis, CGFloat value) {
+    if (value < box.min[axis])
+        box.min[axis] = value;
+    if (value > box.max[axis])
+        box.max[axis] = value;
+}
+
+template <typename... Controls>
+void extend(Bounds& box, CGPoint p1, CGPoint p2, Controls... controls) {
+    for (const CGPoint control : {controls...}) {
+        if (std::isinf(control.x))
+            extendCoordinate(box, 0, control.x);
+        if (std::isinf(control.y))
+            extendCoordinate(box, 1, control.y);
+    }
+    const TurnTimes turns = turnTimes(p1, controls..., p2);
+    for (const PointLanes times : {turns.first, turns.second}) {
+        if (TurnTimes::isTurn(times[0]))
+            extendCoordinate(box, 0, valueAt(times[0], p1.x, controls.x..., p2.x));
+        if (TurnTimes::isTurn(times[1]))
+            extendCoordinate(box, 1, valueAt(times[1], p1.y, controls.y..., p2.y));
+    }
 }
 
 }  // namespace
 
 void extendByTurns(Bounds& box, CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2) {
-    extendAxis(box, 0, p1.x, p2.x, c1.x, c2.x);
-    extendAxis(box, 1, p1.y, p2.y, c1.y, c2.y);
+    extend(box, p1, p2, c1, c2);
 }
 
-void extendByTurns(Bounds& box, CGPoint p1, CGPoint c, CGPoint p2) {
-    extendAxis(box, 0, p1.x, p2.x, c.x);
-    extendAxis(box, 1, p1.y, p2.y, c.y);
-}
+void extendByTurns(Bounds& box, CGPoint p1, CGPoint c, CGPoint p2) { extend(box, p1, p2, c); }
 
 }  // namespace quorin::detail

@@ -7,7 +7,7 @@
 
 #include "quorin/geometry/PointArithmetic.h"
 #include "quorin/geometry/Scalar.h"
-#include "quorin/platform/cgpath/PathWalk.h"
+#include "quorin/platform/cgpath/OrdinaryPoints.h"
 #include "quorin/platform/values/FatalError.h"
 
 namespace quorin {
@@ -17,37 +17,39 @@ void CGMutablePath::reserve(std::size_t elements, std::size_t pointCount) {
     points.reserve(pointCount);
 }
 
+void CGMutablePath::append(CGPathElementType type, std::initializer_list<CGPoint> added) {
+    types.push_back(type);
+    for (const CGPoint point : added) {
+        points.push_back(point);
+        isOrdinary = isOrdinary && quorin::isOrdinary(point);
+        current = point;
+    }
+}
+
 void CGMutablePath::moveTo(CGPoint point) {
-    types.push_back(CGPathElementType::moveToPoint);
-    points.push_back(point);
-    subpathStart = current = point;
+    append(CGPathElementType::moveToPoint, {point});
+    subpathStart = point;
 }
 
 void CGMutablePath::addLineTo(CGPoint point) {
     requireCurrentPoint();
-    types.push_back(CGPathElementType::addLineToPoint);
-    points.push_back(point);
-    current = point;
+    append(CGPathElementType::addLineToPoint, {point});
 }
 
 void CGMutablePath::addQuadCurveTo(CGPoint point, CGPoint control) {
     requireCurrentPoint();
-    types.push_back(CGPathElementType::addQuadCurveToPoint);
-    points.insert(points.end(), {control, point});
-    current = point;
+    append(CGPathElementType::addQuadCurveToPoint, {control, point});
 }
 
 void CGMutablePath::addCurveTo(CGPoint point, CGPoint control1, CGPoint control2) {
     requireCurrentPoint();
-    types.push_back(CGPathElementType::addCurveToPoint);
-    points.insert(points.end(), {control1, control2, point});
-    current = point;
+    append(CGPathElementType::addCurveToPoint, {control1, control2, point});
 }
 
 void CGMutablePath::closeSubpath() {
     if (isEmpty())
         return;
-    types.push_back(CGPathElementType::closeSubpath);
+    append(CGPathElementType::closeSubpath, {});
     current = subpathStart;
 }
 
@@ -146,12 +148,13 @@ CGPoint CGMutablePath::currentPoint() const {
 }
 
 std::shared_ptr<const CGPath> CGMutablePath::copy() const {
-    return std::make_shared<const CGPath>(CGPath::Token{}, types, points);
+    return std::make_shared<const CGPath>(CGPath::Token{}, types, points, isOrdinary);
 }
 
 std::shared_ptr<const CGPath> CGMutablePath::take() {
     return std::make_shared<const CGPath>(CGPath::Token{}, std::exchange(types, {}),
-                                          std::exchange(points, {}));
+                                          std::exchange(points, {}),
+                                          std::exchange(isOrdinary, true));
 }
 
 void CGMutablePath::requireCurrentPoint() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -49,11 +50,13 @@ public:
     std::shared_ptr<const CGPath> take();
 
 private:
+    void append(CGPathElementType type, std::initializer_list<CGPoint> added);
     void requireCurrentPoint() const;
 
     std::vector<CGPathElementType> types;
     std::vector<CGPoint> points;
     CGPoint subpathStart, current;
+    bool isOrdinary = true;
 };
 
 }  // namespace quorin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -31,13 +32,18 @@ struct CGPathElement {
 
 enum class CGPathFillRule : std::uint8_t { winding, evenOdd };
 
+class ContainmentIndex;
+struct Winding;
+
 /// An immutable platform path of any number of subpaths, shared by pointer. Built by
 /// `CGMutablePath`. May be read from several threads at once.
 class CGPath {
     struct Token {};  // keeps the constructor for the builder
 
 public:
-    CGPath(Token, std::vector<CGPathElementType> types, std::vector<CGPoint> points);
+    /// `isOrdinary` says that all coordinates are (see OrdinaryPoints.h).
+    CGPath(Token, std::vector<CGPathElementType> types, std::vector<CGPoint> points,
+           bool isOrdinary);
     ~CGPath();
     CGPath(const CGPath&) = delete;
     CGPath& operator=(const CGPath&) = delete;
@@ -49,7 +55,11 @@ public:
 
     /// Whether the filled path holds `point`. Open subpaths count as closed; a point within
     /// `scalar::windingEpsilon` of the outline is inside. `transform` is applied to the point.
-    /// A point that is infinite or not a number is outside.
+    /// A point that is infinite or not a number is outside. Coordinates of the path beyond 2^500
+    /// count as that, and one that is not a number as the one before it.
+    ///
+    /// A path that is asked often builds an index, once, and answers from then on without looking
+    /// at the whole outline; the answers stay the same.
     bool contains(CGPoint point, CGPathFillRule rule = CGPathFillRule::winding,
                   const CGAffineTransform& transform = CGAffineTransform::identity) const;
 
@@ -68,10 +78,16 @@ public:
 private:
     friend class CGMutablePath;
 
+    Winding windingAround(CGPoint point) const;
+
     std::vector<CGPathElementType> types;
     std::vector<CGPoint> points;
+    bool isOrdinary;
+
     mutable std::once_flag _pathBoundingBoxOnce;
     mutable CGRect _pathBoundingBox;
+    mutable std::atomic<std::uint32_t> _questionCount{0};
+    mutable std::atomic<const ContainmentIndex*> _containmentIndex{nullptr};
 };
 
 }  // namespace quorin

@@ -76,36 +76,21 @@ bool isWithinReach(const MonotonePiece& piece, const Approach& approach) {
 
 }  // namespace
 
-OutlineCurve OutlineCurve::line(CGPoint p1, CGPoint p2) { return {p1, p2 - p1, {}, {}}; }
-
-OutlineCurve OutlineCurve::quadratic(CGPoint p1, CGPoint c, CGPoint p2) {
-    const CGPoint d1 = c - p1;
-    const CGPoint d2 = p2 - c;
-    return {p1, 2 * d1, d2 - d1, {}};
-}
-
-OutlineCurve OutlineCurve::cubic(CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2) {
-    const CGPoint d1 = c1 - p1;
-    const CGPoint d2 = c2 - c1;
-    const CGPoint d3 = p2 - c2;
-    return {p1, 3 * d1, 3 * (d2 - d1), (d3 - d2) - (d2 - d1)};
-}
-
 // A place on the piece that the curve reaches in one coordinate before the point and in the other
 // past it settles the side: what follows and what went before is farther off still. So the search
 // looks for such a place, and near the outline it closes in on the point instead.
 Winding MonotonePiece::windingInsideBox(CGPoint point, const OutlineCurve& curve) const {
     const Approach approach(*this, point, curve);
     CGFloat low = startTime, high = endTime;
-    CGPoint below = approach.mirrored(start - point);
-    CGPoint above = approach.mirrored(end - point);
-    for (bool interpolates = true;; interpolates = !interpolates) {
-        // Midway between where the chord has the point's x and where it has its y.
-        const CGPoint size = above - below;
-        const CGFloat share =
-            interpolates ? -(below.x * size.y + below.y * size.x) / (2 * size.x * size.y) : 0.5;
-        CGFloat t = low + (high - low) * share;
-        if (!(t > low && t < high))
+    // Midway between where a straight way has the point's x and where it has its y.
+    const auto midway = [](CGPoint way, CGPoint velocity) {
+        return -(way.x * velocity.y + way.y * velocity.x) / (2 * velocity.x * velocity.y);
+    };
+    CGFloat t = low + (high - low) *
+                          midway(approach.mirrored(start - point), approach.mirrored(end - start));
+    for (int step = 1;; ++step) {
+        // Every third step halves, so that the search ends however the tangents mislead it.
+        if (step % 3 == 0 || !(t > low && t < high))
             t = low + (high - low) / 2;
         if (!(t > low && t < high))
             break;
@@ -118,13 +103,13 @@ Winding MonotonePiece::windingInsideBox(CGPoint point, const OutlineCurve& curve
         if (!before && !past)
             break;
         (before ? low : high) = t;
-        (before ? below : above) = way;
+        t += midway(way, approach.mirrored(curve.velocityAt(t)));
     }
 
     if (isWithinReach(*this, approach))
         return {0, true};
     const CGFloat crossing =
-        boundary(startTime, endTime, [&](CGFloat t) { return approach.at(t).y < 0; });
+        boundary(startTime, endTime, [&](CGFloat time) { return approach.at(time).y < 0; });
     return {approach.isLeftOfPoint(approach.at(crossing).x) ? stepAt(point.y) : 0, false};
 }
 

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "quorin/geometry/PointArithmetic.h"
 #include "quorin/geometry/Scalar.h"
 #include "quorin/platform/values/CGGeometry.h"
 
 namespace quorin {
 
-/// How often an outline winds around a point, counter-clockwise in a y-up plane. Where the point
-/// lies on the outline, the number means nothing.
+/// How often an outline winds around a point, clockwise in a y-up plane. Where the point lies on
+/// the outline, the number means nothing.
 struct Winding {
     int number = 0;
     bool isOnOutline = false;
@@ -20,13 +21,25 @@ struct Winding {
 struct OutlineCurve {
     CGPoint start, a1, a2, a3;
 
-    static OutlineCurve line(CGPoint p1, CGPoint p2);
-    static OutlineCurve quadratic(CGPoint p1, CGPoint c, CGPoint p2);
-    static OutlineCurve cubic(CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2);
+    static OutlineCurve line(CGPoint p1, CGPoint p2) { return {p1, p2 - p1, {}, {}}; }
+    static OutlineCurve quadratic(CGPoint p1, CGPoint c, CGPoint p2) {
+        const CGPoint d1 = c - p1;
+        const CGPoint d2 = p2 - c;
+        return {p1, 2 * d1, d2 - d1, {}};
+    }
+    static OutlineCurve cubic(CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2) {
+        const CGPoint d1 = c1 - p1;
+        const CGPoint d2 = c2 - c1;
+        const CGPoint d3 = p2 - c2;
+        return {p1, 3 * d1, 3 * (d2 - d1), (d3 - d2) - (d2 - d1)};
+    }
 
     /// The way from the start to the place at `t`.
     CGPoint wayTo(CGFloat t) const {
         return {((a3.x * t + a2.x) * t + a1.x) * t, ((a3.y * t + a2.y) * t + a1.y) * t};
+    }
+    CGPoint velocityAt(CGFloat t) const {
+        return {(3 * a3.x * t + 2 * a2.x) * t + a1.x, (3 * a3.y * t + 2 * a2.y) * t + a1.y};
     }
 };
 

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
+#include <cstddef>
 
 #include "quorin/geometry/Extrema.h"
 #include "quorin/geometry/PointArithmetic.h"
+#include "quorin/geometry/PointLanes.h"
 #include "quorin/platform/cgpath/MonotonePiece.h"
 #include "quorin/platform/values/CGGeometry.h"
 
@@ -12,56 +13,46 @@ namespace quorin {
 
 /// The upright box of a curve's points, which holds the curve.
 struct ControlHull {
-    CGPoint min, max;
+    PointLanes min, max;
 
-    template <typename... Points>
-    static ControlHull of(Points... points) {
-        return {{std::min({points.x...}), std::min({points.y...})},
-                {std::max({points.x...}), std::max({points.y...})}};
+    template <typename... Others>
+    static ControlHull of(CGPoint p1, Others... others) {
+        ControlHull hull{lanesOf(p1), lanesOf(p1)};
+        ((hull.min = lesser(lanesOf(others), hull.min)), ...);
+        ((hull.max = greater(lanesOf(others), hull.max)), ...);
+        return hull;
+    }
+
+    CGPoint clamped(CGPoint point) const {
+        return pointOf(greater(min, lesser(max, lanesOf(point))));
     }
 };
 
-namespace detail {
-
-/// Calls `body` with the pieces between the given times. Neighbours share an end, bit for bit,
-/// and no end leaves the hull.
+/// Calls `body` with the stretches of a curve between its turns in x and in y, in order, the last
+/// up to `end`. Neighbours share an end, bit for bit, and no end leaves the hull.
 template <typename Body>
-void cut(const OutlineCurve& curve, const ControlHull& hull, CGPoint end, const Roots& turnsInX,
-         const Roots& turnsInY, Body&& body) {
-    std::array<CGFloat, 6> times;
-    CGFloat* last = std::merge(turnsInX.begin(), turnsInX.end(), turnsInY.begin(), turnsInY.end(),
-                               times.data());
+void forEachMonotonePiece(const OutlineCurve& curve, const TurnTimes& turns,
+                          const ControlHull& hull, CGPoint end, Body&& body) {
+    std::array<CGFloat, 4> times;
+    std::size_t count = 0;
+    for (const CGFloat turn : {turns.first[0], turns.first[1], turns.second[0], turns.second[1]}) {
+        if (!TurnTimes::isTurn(turn))
+            continue;
+        std::size_t slot = count++;
+        for (; slot > 0 && times[slot - 1] > turn; --slot)
+            times[slot] = times[slot - 1];
+        times[slot] = turn;
+    }
+
     CGFloat time = 0;
     CGPoint place = curve.start;
-    for (const CGFloat* next = times.data(); next != last; ++next) {
-        if (*next == time)
-            continue;
-        const CGPoint turn = curve.start + curve.wayTo(*next);
-        const CGPoint inside{std::clamp(turn.x, hull.min.x, hull.max.x),
-                             std::clamp(turn.y, hull.min.y, hull.max.y)};
-        body(MonotonePiece{time, *next, place, inside});
-        time = *next;
-        place = inside;
+    for (std::size_t index = 0; index < count; ++index) {
+        const CGPoint turn = hull.clamped(curve.start + curve.wayTo(times[index]));
+        body(MonotonePiece{time, times[index], place, turn});
+        time = times[index];
+        place = turn;
     }
     body(MonotonePiece{time, 1, place, end});
-}
-
-}  // namespace detail
-
-/// Calls `body` with the stretches of a curve between its turns in x and in y, in order.
-template <typename Body>
-void forEachMonotonePiece(const OutlineCurve& curve, CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2,
-                          Body&& body) {
-    detail::cut(curve, ControlHull::of(p1, c1, c2, p2), p2, extremumTimes(p1.x, c1.x, c2.x, p2.x),
-                extremumTimes(p1.y, c1.y, c2.y, p2.y), body);
-}
-
-/// The same for a quadratic.
-template <typename Body>
-void forEachMonotonePiece(const OutlineCurve& curve, CGPoint p1, CGPoint c, CGPoint p2,
-                          Body&& body) {
-    detail::cut(curve, ControlHull::of(p1, c, p2), p2, extremumTimes(p1.x, c.x, p2.x),
-                extremumTimes(p1.y, c.y, p2.y), body);
 }
 
 }  // namespace quorin

@@ -26,8 +26,9 @@ public:
     void quadratics(CGPoint p1, std::span<const CGPoint> points) {
         for (std::size_t index = 0; index < points.size(); index += 2) {
             const CGPoint c = points[index], p2 = points[index + 1];
-            if (isInReach(ControlHull::of(p1, c, p2), p1, p2))
-                addPieces(OutlineCurve::quadratic(p1, c, p2), p1, c, p2);
+            const ControlHull hull = ControlHull::of(p1, c, p2);
+            if (isInReach(hull, p1, p2))
+                add(OutlineCurve::quadratic(p1, c, p2), turnTimes(p1, c, p2), hull, p2);
             p1 = p2;
         }
     }
@@ -35,8 +36,9 @@ public:
     void cubics(CGPoint p1, std::span<const CGPoint> points) {
         for (std::size_t index = 0; index < points.size(); index += 3) {
             const CGPoint c1 = points[index], c2 = points[index + 1], p2 = points[index + 2];
-            if (isInReach(ControlHull::of(p1, c1, c2, p2), p1, p2))
-                addPieces(OutlineCurve::cubic(p1, c1, c2, p2), p1, c1, c2, p2);
+            const ControlHull hull = ControlHull::of(p1, c1, c2, p2);
+            if (isInReach(hull, p1, p2))
+                add(OutlineCurve::cubic(p1, c1, c2, p2), turnTimes(p1, c1, c2, p2), hull, p2);
             p1 = p2;
         }
     }
@@ -47,19 +49,20 @@ private:
     /// Most curves are far from the point, and their ends say all: a curve wholly to the left is
     /// crossed as often, on balance, as the step from its start to its end.
     bool isInReach(const ControlHull& hull, CGPoint p1, CGPoint p2) {
-        constexpr CGFloat reach = scalar::windingEpsilon;
-        if (point.y < hull.min.y - reach || point.y > hull.max.y + reach ||
-            point.x < hull.min.x - reach)
+        constexpr PointLanes reach{scalar::windingEpsilon, scalar::windingEpsilon};
+        const auto isBelow = lanesOf(point) < hull.min - reach;
+        const auto isAbove = lanesOf(point) > hull.max + reach;
+        if ((isBelow[0] | isBelow[1] | isAbove[1]) != 0)
             return false;
-        if (point.x <= hull.max.x + reach)
+        if (isAbove[0] == 0)
             return true;
         sum.number += MonotonePiece{0, 1, p1, p2}.stepAt(point.y);
         return false;
     }
 
-    template <typename... Points>
-    void addPieces(const OutlineCurve& curve, Points... points) {
-        forEachMonotonePiece(curve, points...,
+    void add(const OutlineCurve& curve, const TurnTimes& turns, const ControlHull& hull,
+             CGPoint end) {
+        forEachMonotonePiece(curve, turns, hull, end,
                              [&](const MonotonePiece& piece) { add(piece, curve); });
     }
 
@@ -78,6 +81,8 @@ Winding windingByWalk(std::span<const CGPathElementType> types, std::span<const 
                       CGPoint point) {
     WindingSum outline(point);
     walk(types, points.data(), outline);
+    if (outline.sum.isOnOutline)
+        return {0, true};
     return outline.sum;
 }
 

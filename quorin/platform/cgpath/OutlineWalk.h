@@ -8,7 +8,7 @@
 namespace quorin {
 
 /// The winding number around `point` by asking every curve of the outline, open subpaths closed.
-/// Coordinates are to be ordinary ones (see `areOrdinary`).
+/// Coordinates are to be ordinary ones.
 Winding windingByWalk(std::span<const CGPathElementType> types, std::span<const CGPoint> points,
                       CGPoint point);
 
