@@ -14,14 +14,13 @@ template <typename Result, typename... Arguments>
 class FunctionRef<Result(Arguments...)> {
 public:
     template <typename Callable>
-        requires(!std::is_same_v<std::remove_cvref_t<Callable>, FunctionRef> &&
-                 std::is_invocable_r_v<Result, Callable&, Arguments...>)
-    FunctionRef(Callable&& callable)  // NOLINT: implicit on purpose, as for std::function
-        : object(const_cast<void*>(static_cast<const void*>(std::addressof(callable)))),
-          call([](void* erased, Arguments... arguments) -> Result {
+    requires(!std::is_same_v<std::remove_cvref_t<Callable>, FunctionRef> &&
+             std::is_invocable_r_v<Result, Callable&, Arguments...>)
+        FunctionRef(Callable&& callable)  // NOLINT: implicit on purpose, as for std::function
+        : object(erased(callable)), call([](void* target, Arguments... arguments) -> Result {
               using Target = std::remove_reference_t<Callable>;
               return static_cast<Result>(
-                  (*static_cast<Target*>(erased))(std::forward<Arguments>(arguments)...));
+                  (*reinterpret_cast<Target*>(target))(std::forward<Arguments>(arguments)...));
           }) {}
 
     Result operator()(Arguments... arguments) const {
@@ -29,6 +28,14 @@ public:
     }
 
 private:
+    template <typename Callable>
+    static void* erased(Callable& callable) {
+        if constexpr (std::is_function_v<Callable>)
+            return reinterpret_cast<void*>(&callable);
+        else
+            return const_cast<void*>(static_cast<const void*>(std::addressof(callable)));
+    }
+
     void* object;
     Result (*call)(void*, Arguments...);
 };
