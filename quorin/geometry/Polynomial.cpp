@@ -53,6 +53,8 @@ struct Cubic {
 
     /// The relative error of one rounding.
     static constexpr T u = std::numeric_limits<T>::epsilon() / 2;
+    /// How much of `magnitude` the rounding of all coefficients may amount to, a few bits of each.
+    static constexpr T coefficientRounding = 8 * scalar::actualMachineEpsilon;
 
     T value(T x) const { return ((a * x + b) * x + c) * x + d; }
     T slope(T x) const { return (3 * a * x + 2 * b) * x + c; }
@@ -87,16 +89,15 @@ struct Cubic {
         return std::abs(plain) > 8 * u * magnitude(x) ? plain : preciseValue(x);
     }
 
-    /// Whether a last bit or two of every coefficient could make `x` a root.
-    bool isZeroWithinRounding(T x) const { return std::abs(value(x)) <= 16 * u * magnitude(x); }
+    bool isZeroWithinRounding(T x) const {
+        return std::abs(value(x)) <= coefficientRounding * magnitude(x);
+    }
 
     /// Both extrema in ascending order; twice the inflection when there are none.
     std::array<T, 2> turns() const {
         const T a3 = 3 * a;
-        T D = b * b - a3 * c;
-        // Only turns that nearly coincide depend on its last bits, and on the one lost in 3·a.
-        if (std::abs(D) < 0x1p-10 * b * b)
-            D = discriminant(a3, b, c) - (a - (a3 - 2 * a)) * c;
+        // Its last bits would only move turns so close together that their values are the same.
+        const T D = b * b - a3 * c;
         if (!(D > 0))
             return {-b / a3, -b / a3};
         const T R = -(b + std::copysign(std::sqrt(D), b));
@@ -158,7 +159,7 @@ private:
     /// For d = 0, as where a curve is cut through its first point. The rest is a quadratic.
     void searchBesideZero() {
         const T D = discriminant(4 * f.a, f.b, f.c);
-        if (D < -16 * f.u * f.b * f.b)
+        if (D < -f.coefficientRounding * f.b * f.b)
             return keep(0);
         const T R = -(f.b + std::copysign(std::sqrt(std::max(D, T(0))), f.b)) / 2;
         std::array<T, 3> all{0, R / f.a, R == 0 ? 0 : f.c / R};
@@ -180,8 +181,8 @@ private:
 
         // So wide that neither rounding nor a root that is merely touched can be at stake.
         const T margin = 0x1p-40 * greatestMagnitude;
-        int above = 0;
-        int below = 0;
+        std::size_t above = 0;
+        std::size_t below = 0;
         for (const T value : p) {
             above += value > margin;
             below += value < -margin;
@@ -194,9 +195,9 @@ private:
         if (((p[0] < 0) != (p[1] < 0)) + ((p[1] < 0) != (p[2] < 0)) + ((p[2] < 0) != (p[3] < 0)) >
             1)
             return false;
-        const int before = (isRising ? below : above) - 1;
-        const T l = p[static_cast<std::size_t>(before)];
-        const T r = p[static_cast<std::size_t>(before + 1)];
+        const std::size_t before = (isRising ? below : above) - 1;
+        const T l = p[before];
+        const T r = p[before + 1];
         keep(rootBetween(lo, hi, isRising, lo + third * (static_cast<T>(before) + l / (l - r))));
         return true;
     }
@@ -205,18 +206,22 @@ private:
         const auto [first, second] = f.turns();
         std::array<Knot<T>, 4> knots{end(lo), turn(first), turn(second), end(hi)};
         const bool isSure = std::all_of(knots.begin(), knots.end(), [this](const Knot<T>& knot) {
-            const T value = std::abs(knot.value) / (16 * f.u);
+            const T value = std::abs(knot.value) / f.coefficientRounding;
             return value > greatestMagnitude || value > f.magnitude(knot.x);
         });
-        if (!isSure)
-            settle(knots);
+        bool isTriple = false;
+        if (!isSure) {
+            const bool firstIsZero = f.isZeroWithinRounding(first);
+            const bool secondIsZero = f.isZeroWithinRounding(second);
+            isTriple = firstIsZero && secondIsZero;
+            settle(knots, firstIsZero && !isTriple, secondIsZero && !isTriple);
+        }
         searchPart(knots[0], knots[1]);
         searchPart(knots[1], knots[2]);
         searchPart(knots[2], knots[3]);
-        // Of a triple root, rounding may have moved the only crossing out of the interval.
-        if (!isSure && roots.empty() && f.isZeroWithinRounding(first) &&
-            f.isZeroWithinRounding(second))
-            keep(first);
+        // Rounding may have moved the one place where it crosses zero out of the interval.
+        if (isTriple && roots.empty())
+            keep((first + second) / 2);
     }
 
     Knot<T> end(T x) const { return {x, f.value(x), false}; }
@@ -227,22 +232,18 @@ private:
         return {inside, f.value(inside), inside == x};
     }
 
-    /// Makes the signs certain, and zero where an extremum touches zero within rounding.
-    [[gnu::noinline]] void settle(std::array<Knot<T>, 4>& knots) const {
+    /// Makes the signs certain, and zero where the cubic turns back within rounding of zero.
+    [[gnu::noinline]] void settle(std::array<Knot<T>, 4>& knots, bool firstIsZero,
+                                  bool secondIsZero) const {
         for (Knot<T>& knot : knots)
             knot.value = f.certainValue(knot.x);
-        Knot<T>& first = knots[1];
-        Knot<T>& second = knots[2];
-        const bool firstIsZero = f.isZeroWithinRounding(first.x);
-        const bool secondIsZero = f.isZeroWithinRounding(second.x);
-        // When both are zero, all three roots are one, and it is at the crossing.
-        if (firstIsZero && !secondIsZero && isTurnedAway(first))
-            first.value = 0;
-        if (secondIsZero && !firstIsZero && isTurnedAway(second))
-            second.value = 0;
+        if (firstIsZero && turnsBack(knots[1]))
+            knots[1].value = 0;
+        if (secondIsZero && turnsBack(knots[2]))
+            knots[2].value = 0;
     }
 
-    bool isTurnedAway(const Knot<T>& knot) const {
+    bool turnsBack(const Knot<T>& knot) const {
         return knot.isTurn && knot.value * f.halfCurvature(knot.x) > 0;
     }
 
@@ -376,7 +377,9 @@ std::optional<Roots> solveCubic(CGFloat a, CGFloat b, CGFloat c, CGFloat d,
     // One last place more than the margin, since beside a large bound the margin rounds to nothing.
     const CGFloat lo = range.min - epsilon - std::abs(range.min) * actualMachineEpsilon;
     const CGFloat hi = range.max + epsilon + std::abs(range.max) * actualMachineEpsilon;
-    constexpr CGFloat comfortable = 1e30;  // no intermediate result overflows below it
+    // Up to here no product overflows. Beyond, the exponent of a long double has room for every
+    // one, while its digits, and so the last bit of a root, are up to the machine.
+    constexpr CGFloat comfortable = 1e30;
     if (std::max({std::abs(a), std::abs(b), std::abs(c), std::abs(d)}) < comfortable)
         return CubicSolver<CGFloat>({a, b, c, d}, range, lo, hi).solve();
     return CubicSolver<long double>({a, b, c, d}, range, lo, hi).solve();

@@ -54,10 +54,11 @@ std::optional<Roots> solveQuadratic(CGFloat a, CGFloat b, CGFloat c,
 /// A leading coefficient below `epsilon` leaves the answer, and its order, to `solveQuadratic`.
 /// So nothing at all means again that all coefficients are below `epsilon`.
 ///
-/// The roots are those of the polynomial as it stands, and within 1e-12 of the interval, or of
-/// the root itself where that is less, even when two of them nearly coincide, when the leading
-/// coefficient is tiny or when a third root is far away. Where the polynomial touches zero without
-/// passing it, as far as its coefficients' last bits allow that to be told, the place is a root.
+/// The roots are those of the polynomial as it stands: each is right to 1e-12 of the interval's
+/// width, or of its own magnitude where that is less, as far as doubles lie that close. This holds
+/// also when two roots nearly coincide, when the leading coefficient is tiny, and when a third root
+/// is far away. Where the polynomial turns back so close to zero that the last bits of its
+/// coefficients could make it touch, the turn is a root.
 std::optional<Roots> solveCubic(CGFloat a, CGFloat b, CGFloat c, CGFloat d,
                                 std::optional<CGFloat> min = std::nullopt,
                                 std::optional<CGFloat> max = std::nullopt);
