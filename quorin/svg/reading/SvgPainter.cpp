@@ -53,10 +53,11 @@ DrawingBrush SvgPainter::brush(pugi::xml_node node, const SvgPaintValue& value,
     const pugi::xml_node target = document.elementWithId(value.reference);
     const SvgGradient* gradient = gradients.gradient(target);
     if (gradient == nullptr) {
-        const std::string what = target ? "<" + std::string(document.name(target)) + ">"
-                                        : std::string("nothing with the id");
-        document.messages().warn(document.offset(node),
-                                 "paint: " + what + " '" + value.reference + "' is not a gradient");
+        const std::string id = "'" + value.reference + "'";
+        document.messages().warn(
+            document.offset(node),
+            target ? "paint: <" + std::string(document.name(target)) + "> " + id + " is no gradient"
+                   : "paint: there is no gradient " + id);
         return color;
     }
     budget.spend(gradient->stops.size(), document.offset(node));
