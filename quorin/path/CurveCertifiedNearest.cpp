@@ -149,12 +149,13 @@ private:
         return {0, 1, {basis.p1 - from, basis.c1 - from, basis.c2 - from, basis.p2 - from}};
     }
 
-    /// Rounding of the points themselves bounds what can be told apart.
+    /// Rounding of the points themselves and of their squares bounds what can be told apart. Seen
+    /// from the centre of a short arc all places are as near, and asking for more never ends.
     static CGFloat accuracyInReach(const Stretch& stretch, CGFloat accuracy) {
         CGFloat reach = 0;
         for (const CGPoint& point : stretch.q)
-            reach = std::max({reach, std::abs(point.x), std::abs(point.y)});
-        return std::max(accuracy, 4 * scalar::actualMachineEpsilon * reach);
+            reach = std::max(reach, std::abs(point.x) + std::abs(point.y));
+        return std::max(8 * scalar::actualMachineEpsilon * reach, accuracy);
     }
 
     void consider(CGFloat t) {
