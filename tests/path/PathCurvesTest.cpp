@@ -83,6 +83,13 @@ TEST(PathCurves, needTwoAnchorsClosedOrNot) {
     EXPECT_TRUE(path->curves().empty());
 }
 
+TEST(PathCurves, takeNoMoreMemoryThanTheyFill) {
+    const auto path = triangle();
+    EXPECT_EQ(path->curves().capacity(), 2u);
+    path->setIsClosed(true);
+    EXPECT_EQ(path->curves().capacity(), 3u);
+}
+
 TEST(PathCurves, leaveTheCacheAlone) {
     const auto path = triangle();
     EXPECT_FALSE(dropsCache(*path, [&] { (void)path->curves(); }));
@@ -151,6 +158,8 @@ TEST(SetCurves, dropsTheCacheOfAPathWithBorrowedSegments) {
     const PathCurve curves[] = {arch};
     EXPECT_TRUE(dropsCache(*path, [&] { path->setCurves(curves); }));
     EXPECT_EQ(path->segments()[0].path(), nullptr);
+    path->setSegments(PathSegmentCollection());
+    EXPECT_TRUE(dropsCache(*path, [&] { path->setCurves({}); }));
 }
 
 TEST(SetCurves, infersBehaviorsWithinATenMillionth) {

@@ -148,6 +148,7 @@ TEST(IsStraight, isFalseOfCollinearControlsThatOvershoot) {
 TEST(IsStraight, followsEveryCurveInOneDirection) {
     EXPECT_TRUE(polygon({{0, 0}, {10, 5}, {30, 15}, {32, 16}})->isStraight());
     EXPECT_FALSE(polygon({{0, 0}, {10, 5}, {30, 15}, {32, 16.1}})->isStraight());
+    EXPECT_FALSE(polygon({{0, 0}, {10, 5}, {30, 15}, {32, 15.9}})->isStraight());
     EXPECT_FALSE(polygon({{0, 0}, {10, 0}, {5, 0}})->isStraight()) << "it doubles back";
 }
 

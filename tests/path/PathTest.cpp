@@ -106,6 +106,16 @@ TEST(Path, drawsOnBorrowedSegmentsForTheirPathAndDropsBothCaches) {
     EXPECT_EQ(lender->segments().count(), 2u);
 }
 
+TEST(Path, beginsABorrowedCollectionForItsPathAndDropsBothCaches) {
+    const auto lender = Path::create();
+    const auto path = withBorrowedSegments(*lender);
+    EXPECT_TRUE(dropsCache(*lender, [&] {
+        EXPECT_TRUE(dropsCache(*path, [&] { path->moveTo({20, 0}); }));
+    }));
+    EXPECT_EQ(path->segments()[0].path(), lender);
+    EXPECT_TRUE(lender->segments().isEmpty());
+}
+
 TEST(Path, drawsOnSegmentsWithoutAPath) {
     const auto elsewhere = openLine({{0, 0}});
     PathSegment last = elsewhere->segments()[0];

@@ -186,7 +186,8 @@ TEST(SegmentCollection, renumbersAfterRemoving) {
 }
 
 TEST(SegmentCollection, adoptsAllRemainingSegmentsWhenRemoving) {
-    PathSegmentCollection segments({at(1, Path::create(), 7), at(2), at(3)});
+    const auto elsewhere = Path::create();
+    PathSegmentCollection segments({at(1, elsewhere, 7), at(2), at(3, elsewhere)});
     segments.removeAt(1);
     EXPECT_EQ(indicesOf(segments), (Indices{0, 1}));
     EXPECT_TRUE(allBelongTo(nullptr, segments));
@@ -210,8 +211,7 @@ TEST(SegmentCollection, keepsItsStorageWhenEmptied) {
 
 TEST(SegmentCollection, reindexesForItsOwnPath) {
     const auto path = Path::create();
-    PathSegmentCollection segments(
-        path, PathSegmentCollection({at(1, {}, 7), at(2), at(3, Path::create(), -1)}));
+    PathSegmentCollection segments(path, PathSegmentCollection({at(1, {}, 7), at(2), at(3)}));
     segments.reindex();
     EXPECT_EQ(indicesOf(segments), (Indices{0, 1, 2}));
     EXPECT_TRUE(allBelongTo(path, segments));
