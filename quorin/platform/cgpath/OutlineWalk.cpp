@@ -67,9 +67,11 @@ private:
     }
 
     void add(const MonotonePiece& piece, const OutlineCurve& curve) {
+        if (sum.isOnOutline)
+            return;
         const Winding around = piece.windingAround(point, curve);
         sum.number += around.number;
-        sum.isOnOutline |= around.isOnOutline;
+        sum.isOnOutline = around.isOnOutline;
     }
 
     CGPoint point;
