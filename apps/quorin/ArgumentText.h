@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "quorin/platform/values/CGGeometry.h"
+#include "quorin/svg/Drawing.h"
+
+/// Texts of the command line as values. A text that is none throws `CLI::ValidationError`, so the
+/// command line as a whole cannot be used; `option` is named in the message.
+namespace quorin::app {
+
+/// At least zero, finite, and as the C locale writes it, whatever the user's is.
+CGFloat lengthOf(std::string_view option, std::string_view text);
+/// "X,Y"
+CGPoint pointOf(std::string_view option, std::string_view text);
+/// A whole number from `least` to `most`.
+std::size_t countOf(std::string_view option, std::string_view text, std::size_t least,
+                    std::size_t most);
+/// A colour as CSS writes it; nothing for "none".
+std::optional<DrawingColor> colorOf(std::string_view option, std::string_view text);
+
+/// Of a picture, in pixels.
+struct PixelSize {
+    std::size_t width = 0, height = 0;
+};
+/// "WxH", or "N" for the longer side, which leaves the other one 0.
+PixelSize pixelSizeOf(std::string_view option, std::string_view text);
+
+}  // namespace quorin::app

@@ -1,0 +1,105 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "apps/quorin/ArgumentText.h"
+#include "apps/quorin/Commands.h"
+#include "apps/quorin/DrawingFile.h"
+#include "apps/quorin/DrawingPicture.h"
+#include "apps/quorin/ParsedOption.h"
+
+namespace quorin::app {
+
+namespace {
+
+struct RenderOptions {
+    std::string input, output;
+    std::optional<PixelSize> size;
+    std::optional<DrawingColor> background;
+    bool showsAnchors = false;
+};
+
+std::size_t wholePixels(CGFloat length) {
+    // A side beyond what an image may have is refused with its number, so that has to be finite.
+    return static_cast<std::size_t>(std::clamp(length, 1.0, 1e9));
+}
+
+/// The asked size; of one that leaves a side open, that in the drawing's proportions.
+PixelSize pictureSize(const Drawing& drawing, const RenderOptions& options) {
+    const CGSize own = drawing.size;
+    if (!options.size)
+        return {wholePixels(std::ceil(own.width)), wholePixels(std::ceil(own.height))};
+    if (options.size->height != 0)
+        return *options.size;
+    const auto longer = static_cast<CGFloat>(options.size->width);
+    const CGFloat scale = longer / std::max(own.width, own.height);
+    return {wholePixels(std::round(own.width * scale)),
+            wholePixels(std::round(own.height * scale))};
+}
+
+/// Anchors at the edge of a drawing need room; a small picture has none to give.
+CGFloat marginFor(CGFloat shorterSide, CGFloat lineWidth) {
+    return shorterSide >= 64 ? 4 * lineWidth : 0;
+}
+
+std::shared_ptr<const CGImage> pictureOf(const Drawing& drawing, const RenderOptions& options) {
+    const PixelSize size = pictureSize(drawing, options);
+    const std::shared_ptr<CGContext> context = CGContext::createBitmap(size.width, size.height);
+    const CGRect all =
+        CGRectMake(0, 0, static_cast<CGFloat>(size.width), static_cast<CGFloat>(size.height));
+    if (options.background) {
+        context->setFillColor(platformColor(*options.background));
+        context->fillRect(all);
+    }
+    if (!options.showsAnchors) {
+        paint(drawing, *context, all);
+        return context->makeImage();
+    }
+    const CGFloat shorterSide = std::min(all.size.width, all.size.height);
+    const CGFloat lineWidth = std::max(1.0, std::round(shorterSide / 1280));
+    const CGFloat margin = marginFor(shorterSide, lineWidth);
+    const CGRect inner = CGRectInset(all, margin, margin);
+    paint(drawing, *context, inner);
+    paintAnchors(drawing, *context, inner, lineWidth);
+    return context->makeImage();
+}
+
+void run(const RenderOptions& options) {
+    requirePictureName(options.output);
+    const Drawing drawing = loadDrawingAloud(options.input);
+    try {
+        savePicture(*pictureOf(drawing, options), options.output);
+    } catch (const ImageError& error) {
+        throw InputError(options.output, error.what());
+    }
+}
+
+}  // namespace
+
+void addRenderCommand(CLI::App& program) {
+    const auto options = std::make_shared<RenderOptions>();
+    CLI::App* const command = program.add_subcommand("render", "Paint a drawing into a PNG file");
+    command->add_option("IN", options->input, "The drawing to read, .svg or .json")
+        ->type_name("")
+        ->required();
+    command->add_option("OUT", options->output, "The picture to write, ending in .png")
+        ->type_name("")
+        ->required();
+    addParsedOption(*command, "--size", "N|WxH", options->size, pixelSizeOf,
+                    "Pixels: the longer side, or both [the drawing's]");
+    addParsedOption(*command, "--background", "COLOUR", options->background, colorOf,
+                    "A colour as in CSS, or none [none]");
+    command->add_flag("--anchors", options->showsAnchors,
+                      "Show outlines, anchors and handles over the drawing");
+    command->footer(
+        "The drawing keeps its proportions and stands in the middle of the picture.\n\n"
+        "Examples:\n"
+        "  quorin render icon.svg icon.png\n"
+        "  quorin render icon.svg large.png --size 800x600 --background white --anchors");
+    command->callback([options] { run(*options); });
+}
+
+}  // namespace quorin::app

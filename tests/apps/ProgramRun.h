@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/TestSupport.h"
+
+namespace quorin::test {
+
+/// What became of a run of the quorin program.
+struct ProgramRun {
+    int exitCode = -1;  ///< -1 when a signal ended it
+    std::string output, errors;
+};
+
+/// Runs the program to its end, its two outputs going to files.
+ProgramRun runQuorin(const std::vector<std::string>& arguments);
+
+/// The same from a shell that runs `setup` first, for example "exec >&-".
+ProgramRun runQuorinAfter(const std::string& setup, const std::vector<std::string>& arguments);
+
+/// All bytes of a file.
+std::string contents(const std::string& path);
+
+/// Width and height as the header of a PNG file has them.
+std::pair<std::size_t, std::size_t> sizeOfPng(const std::string& path);
+
+MATCHER(WentWell, "") { return arg.exitCode == 0 && arg.errors.empty(); }
+
+/// Nothing printed but one line on standard error, exactly this one behind "quorin: ".
+MATCHER_P(RefusedInput, line, "") {
+    return arg.exitCode == 1 && arg.output.empty() &&
+           arg.errors == "quorin: " + std::string(line) + "\n";
+}
+
+/// A line that says what is wrong with the command line and one that says where to read on.
+MATCHER_P2(RefusedUsage, line, command, "") {
+    return arg.exitCode == 2 && arg.output.empty() &&
+           arg.errors ==
+               "quorin: " + std::string(line) + "\nRun '" + command + " --help' for more.\n";
+}
+
+inline void PrintTo(const ProgramRun& run, std::ostream* stream) {
+    *stream << "exit code " << run.exitCode << "\n--- output\n"
+            << run.output << "--- errors\n"
+            << run.errors;
+}
+
+}  // namespace quorin::test
