@@ -14,8 +14,9 @@ int callWith(FunctionRef<int(int)> function, int value) { return function(value)
 
 TEST(FunctionRef, callsALambdaWithItsCaptures) {
     int seen = 0;
-    const FunctionRef<void(int)> remember = [&](int value) { seen = value; };
-    remember(7);
+    const auto remember = [&](int value) { seen = value; };
+    const FunctionRef<void(int)> function = remember;
+    function(7);
     EXPECT_EQ(seen, 7);
 }
 
@@ -42,21 +43,24 @@ TEST(FunctionRef, callsAConstCallable) {
 
 TEST(FunctionRef, passesReferencesThrough) {
     std::string text;
-    const FunctionRef<void(std::string&)> append = [](std::string& target) { target += "x"; };
-    append(text);
-    append(text);
+    const auto append = [](std::string& target) { target += "x"; };
+    const FunctionRef<void(std::string&)> function = append;
+    function(text);
+    function(text);
     EXPECT_EQ(text, "xx");
 }
 
 TEST(FunctionRef, passesAnArgumentThatCanOnlyMove) {
-    const FunctionRef<int(std::unique_ptr<int>)> take = [](std::unique_ptr<int> p) { return *p; };
-    EXPECT_EQ(take(std::make_unique<int>(5)), 5);
+    const auto take = [](std::unique_ptr<int> pointer) { return *pointer; };
+    const FunctionRef<int(std::unique_ptr<int>)> function = take;
+    EXPECT_EQ(function(std::make_unique<int>(5)), 5);
 }
 
 TEST(FunctionRef, dropsAResultNobodyAskedFor) {
     int calls = 0;
-    const FunctionRef<void()> call = [&] { return ++calls; };
-    call();
+    const auto call = [&] { return ++calls; };
+    const FunctionRef<void()> function = call;
+    function();
     EXPECT_EQ(calls, 1);
 }
 
