@@ -137,13 +137,13 @@ SvgElementCount countElements(std::string_view text, std::size_t limit) {
     };
     for (skipTo("<"); result.offset < text.size(); skipTo("<")) {
         const std::string_view here = text.substr(result.offset);
-        if (here.starts_with("<!--"))
+        const char next = here.size() > 1 ? here[1] : '/';
+        if (next == '!' && here.starts_with("<!--"))
             skipTo("-->");
-        else if (here.starts_with("<![CDATA["))
+        else if (next == '!' && here.starts_with("<![CDATA["))
             skipTo("]]>");
-        else if (here.size() > 1 && here[1] != '/' && here[1] != '!' && here[1] != '?')
-            if (++result.count > limit)
-                return result;
+        else if (next != '/' && next != '!' && next != '?' && ++result.count > limit)
+            return result;
         ++result.offset;
     }
     return result;
