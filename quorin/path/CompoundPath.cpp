@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "quorin/platform/cgpath/CGMutablePath.h"
-#include "quorin/platform/cgpath/CGMutablePath.h"
 #include "quorin/platform/values/FatalError.h"
 
 namespace quorin {

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "quorin/geometry/PointLanes.h"
 #include "quorin/path/Anchor.h"
 #include "quorin/path/CubicBezier.h"
+#include "quorin/platform/values/CGGeometry.h"
 
 namespace quorin {
-
-/// x and y side by side, for which one instruction does the work of two.
-using PointLanes = CGFloat __attribute__((vector_size(16)));
 
 /// The control points of a curve, to rule out that it comes near a point. Cheap enough to ask of
 /// every curve of a path before any search.
@@ -28,7 +27,7 @@ struct ControlBox {
 
     /// The square of a distance that no point computed on the curve is nearer than.
     CGFloat squaredDistance(CGPoint from) const {
-        const PointLanes at = lanes(from);
+        const PointLanes at = lanesOf(from);
         const PointLanes gap = greater(greater(low() - at, at - high()) - slack, PointLanes{0, 0});
         const PointLanes squared = gap * gap;
         return squared[0] + squared[1];
@@ -63,18 +62,15 @@ private:
                               const CGPoint& handleIn, const CGPoint& endPoint) {
         constexpr PointLanes relativeSlack = {1e-12, 1e-12};
         constexpr PointLanes absoluteSlack = {4e-12, 4e-12};
-        const PointLanes start = lanes(startPoint);
-        const PointLanes end = lanes(endPoint);
-        ControlBox box{start, start + lanes(handleOut), end + lanes(handleIn), end, {}};
+        const PointLanes start = lanesOf(startPoint);
+        const PointLanes end = lanesOf(endPoint);
+        ControlBox box{start, start + lanesOf(handleOut), end + lanesOf(handleIn), end, {}};
         box.slack = relativeSlack * greater(-box.low(), box.high()) + absoluteSlack;
         return box;
     }
 
     PointLanes low() const { return lesser(lesser(p1, p2), lesser(c1, c2)); }
     PointLanes high() const { return greater(greater(p1, p2), greater(c1, c2)); }
-    static PointLanes lanes(const CGPoint& point) { return PointLanes{point.x, point.y}; }
-    static PointLanes lesser(PointLanes a, PointLanes b) { return a < b ? a : b; }
-    static PointLanes greater(PointLanes a, PointLanes b) { return a > b ? a : b; }
 };
 
 }  // namespace quorin
