@@ -23,7 +23,8 @@ public:
         /// How deep lists and records may stand in each other; one that is empty does not count.
         /// More than a million is taken as a million.
         std::size_t maximumDepth = 1'024;
-        /// In bytes. Reading takes about twelve times as much memory for a moment.
+        /// In bytes. Reading reserves about fifteen times as much memory for a moment, and uses a
+        /// third of it.
         std::size_t maximumTextSize = std::size_t{512} << 20;
         /// Reads the texts "inf", "-inf" and "nan" where a number is asked for.
         bool nonFiniteAsTexts = false;

@@ -55,17 +55,27 @@ public:
         wroteUpTo(std::fill_n(at, indentation, ' '));
     }
 
+    std::size_t size() const { return used; }
+    /// Of a long text, what is still to come: doubling its room again and again would touch twice
+    /// the memory.
+    void expect(std::size_t count) {
+        if (text.capacity() - used < count)
+            reserve(used + count);
+    }
+
     std::string take() {
         text.resize(used);
         return std::move(text);
     }
 
 private:
+    void reserve(std::size_t count) {
+        text.reserve(count);
+        adviseHugePages(text.data(), text.capacity());
+    }
     void grow(std::size_t needed) {
-        if (text.capacity() < needed) {
-            text.reserve(std::max(2 * text.capacity(), needed));
-            adviseHugePages(text.data(), text.capacity());
-        }
+        if (text.capacity() < needed)
+            reserve(std::max(2 * text.capacity(), needed));
         // Not all of it at once: memory is dear when it is first touched.
         constexpr std::size_t step = 16'384;
         text.resize(std::min(text.capacity(), needed + step));
@@ -210,7 +220,9 @@ public:
     static void records(Output& output, const JSONEncoder::Options& options, CodingPath place,
                         std::size_t listLevel, std::size_t count,
                         FunctionRef<void(Encoder&, std::size_t)> body) {
+        constexpr std::size_t sample = 64;
         const std::size_t recordLevel = listLevel + 1;
+        const std::size_t start = output.size();
         output.append('[');
         for (std::size_t i = 0; i < count; ++i) {
             if (i > 0)
@@ -221,6 +233,8 @@ public:
             RecordWriter record(output, options, place, recordLevel);
             body(record, i);
             record.close();
+            if (i + 1 == sample)
+                output.expect((output.size() - start) / sample * (count - sample) / 16 * 17);
         }
         if (options.indentation > 0 && count > 0)
             output.appendLine(listLevel * options.indentation);

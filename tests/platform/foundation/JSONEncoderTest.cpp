@@ -190,6 +190,17 @@ TEST(JSONEncoder, growsPastEveryFirstGuess) {
     EXPECT_THAT(text, testing::EndsWith("0.25,0.25]}"));
 }
 
+TEST(JSONEncoder, mayBeWrongAboutTheRecordsToCome) {
+    for (const bool becomeLonger : {false, true}) {
+        const std::string text =
+            JSONEncoder().encodeRecords(300, [&](Encoder& encoder, std::size_t i) {
+                encoder.encodeText("t", std::string((i < 100) == becomeLonger ? 1 : 1'000, 'x'));
+            });
+        const std::size_t longOnes = becomeLonger ? 200 : 100;
+        EXPECT_EQ(text.size(), 300 * std::string(R"({"t":"x"},)").size() + 999 * longOnes + 1);
+    }
+}
+
 TEST(JSONEncoderDeathTest, stopsWhenARecordIsWrittenWhileAnInnerOneIsOpen) {
     const auto misuse = [](Encoder& outer) {
         outer.encodeRecord("inner", [&](Encoder&) { outer.encodeInt("x", 1); });
