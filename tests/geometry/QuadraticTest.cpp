@@ -102,6 +102,13 @@ TEST(SolveQuadratic, rescalesByTheLargestMagnitudeWhicheverCoefficientHasIt) {
     EXPECT_THAT(solve(-2e-12, 1e-12, -3e-9), IsEmpty());
 }
 
+TEST(SolveQuadratic, rescalesByTheNearestPowerOfTwo) {
+    // By 2³⁹ both times. The discriminant becomes -0.75·2⁻⁵³, a zero, and then -1.25·2⁻⁵³.
+    const CGFloat root = 0x1p-52 / 1.5;
+    EXPECT_THAT(solve(1.5 * 0x1p-40, 0, 0x1p-92), ElementsAre(root, -root));
+    EXPECT_THAT(solve(1.25 * 0x1p-39, 0, 0x1p-92), IsEmpty());
+}
+
 TEST(SolveQuadratic, leavesCoefficientsFromOneHundredMillionthUpAsTheyAre) {
     // The discriminant, -1e-16, counts as zero here, and the roots become c / a and -c / a.
     EXPECT_THAT(solve(1e-8, 0, 1e-8), ElementsAre(1, -1));

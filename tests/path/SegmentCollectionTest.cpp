@@ -209,6 +209,14 @@ TEST(SegmentCollection, keepsItsStorageWhenEmptied) {
     EXPECT_EQ(path->segments().anchors().data(), storage);
 }
 
+TEST(SegmentCollection, forgetsTheOwnPathsOfListedSegmentsWhenEmptied) {
+    const auto elsewhere = Path::create();
+    PathSegmentCollection segments({at(1, elsewhere), at(2, elsewhere)});
+    segments.removeAll();
+    segments.append(at(3));
+    EXPECT_EQ(segments[0].path(), nullptr);
+}
+
 TEST(SegmentCollection, reindexesForItsOwnPath) {
     const auto path = Path::create();
     PathSegmentCollection segments(path, PathSegmentCollection({at(1, {}, 7), at(2), at(3)}));
