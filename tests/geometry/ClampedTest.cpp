@@ -16,6 +16,8 @@ TEST(Clamped, keepsAValueBetweenBothBounds) {
     EXPECT_EQ(clamped(-0.5, ClosedRange{0.0, 1.0}), 0.0);
 }
 
+TEST(Clamped, asksTheUpperBoundFirst) { EXPECT_EQ(clamped(5, ClosedRange{9, 3}), 3); }
+
 TEST(Clamped, keepsAValueAboveALowerBoundAlone) {
     EXPECT_EQ(clamped(0, PartialRangeFrom{1}), 1);
     EXPECT_EQ(clamped(1000, PartialRangeFrom{1}), 1000);

@@ -9,6 +9,7 @@ TEST(Rounding, goesToTheNearestWithHalvesAwayFromZero) {
     EXPECT_EQ(rounding(CGPoint{2.5, -2.5}), (CGPoint{3, -3}));
     EXPECT_EQ(rounding(CGPoint{2.4, -0.5}), (CGPoint{2, -1}));
     EXPECT_EQ(rounding(CGSize{0.5, 1.5}), (CGSize{1, 2}));
+    EXPECT_EQ(rounding(CGSize{-0.5, -2.5}), (CGSize{-1, -3}));
     EXPECT_EQ(rounding(CGPoint{0.49999999999999994, 0}), (CGPoint{0, 0}));
 }
 

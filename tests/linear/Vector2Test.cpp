@@ -1,5 +1,6 @@
 #include "quorin/linear/Vector2.h"
 
+#include <cmath>
 #include <limits>
 #include <numbers>
 #include <vector>
@@ -90,6 +91,12 @@ TEST(Vector2Angle, ofOppositeVectorsIsPositiveEitherWay) {
     EXPECT_EQ(Vector2(-1, 0).angle({1, 0}), pi);
     EXPECT_EQ(Vector2(0, -2).angle({0, 2}), pi);
     EXPECT_EQ(Vector2(0, 2).angle({0, -2}), pi);
+}
+
+TEST(Vector2Angle, limitsTheCosineOfVectorsThatAreALittleTooLong) {
+    // Both count as of length one. Their dot product, 1 + 8e-13, would make the angle smaller.
+    const CGFloat length = 1 + 4e-13;
+    EXPECT_DOUBLE_EQ(Vector2(length, 0).angle({length, 1e-7}), std::atan(length * 1e-7));
 }
 
 TEST(Vector2Angle, ofAZeroVectorIsZero) {
