@@ -12,20 +12,32 @@ struct DrawnOutline {
     friend bool operator==(const DrawnOutline&, const DrawnOutline&) = default;
 };
 
-DrawnOutline drawnOutline(const CompoundPath& outline) {
-    DrawnOutline drawn;
+void append(const CompoundPath& outline, DrawnOutline& drawn) {
     for (const std::shared_ptr<Path>& contour : outline.children())
         forEachDrawnElement(*contour, [&](const CGPathElement& element) {
             drawn.types.push_back(element.type);
             drawn.points.insert(drawn.points.end(), element.points.begin(), element.points.end());
         });
-    return drawn;
 }
 
-/// The outline of the next shape from `index` on that draws anything; empty when there is none.
+/// What a shape and its clips draw; empty when any of them draws nothing, so that nothing is seen.
+DrawnOutline drawnOutline(const DrawingShape& shape) {
+    DrawnOutline drawn;
+    std::size_t before = 0;
+    append(*shape.outline, drawn);
+    for (const DrawingClip& clip : shape.clips) {
+        if (drawn.types.size() == before)
+            return {};
+        before = drawn.types.size();
+        append(*clip.outline, drawn);
+    }
+    return drawn.types.size() == before ? DrawnOutline() : drawn;
+}
+
+/// That of the next shape from `index` on which draws anything; empty when there is none.
 DrawnOutline nextDrawn(const Drawing& drawing, std::size_t& index) {
     while (index < drawing.shapes.size()) {
-        DrawnOutline drawn = drawnOutline(*drawing.shapes[index++].outline);
+        DrawnOutline drawn = drawnOutline(drawing.shapes[index++]);
         if (!drawn.types.empty())
             return drawn;
     }

@@ -91,11 +91,18 @@ struct DrawingPaint {
     friend bool operator==(const DrawingPaint&, const DrawingPaint&) = default;
 };
 
+/// An area to paint in, in the drawing's units.
+struct DrawingClip {
+    CGPathFillRule rule = CGPathFillRule::winding;
+    std::shared_ptr<CompoundPath> outline;
+};
+
 /// An outline of one or more contours, in the drawing's units with y down, and its paint.
 struct DrawingShape {
     std::string id;  ///< empty when the source named none
     std::shared_ptr<CompoundPath> outline;
     DrawingPaint paint;
+    std::vector<DrawingClip> clips = {};  ///< nothing is painted outside of any of them
 };
 
 /// A picture: shapes painted in order, later ones over earlier ones. Shapes lie in the plane of
@@ -113,7 +120,8 @@ struct Drawing {
 };
 
 /// Whether the shapes of both that draw anything, in order, draw the same elements with the same
-/// points, bit for bit but for the sign of zero. Paint and names do not count.
+/// points, bit for bit but for the sign of zero, and so do their clips. Paint, rules and names do
+/// not count.
 bool hasSameGeometry(const Drawing& a, const Drawing& b);
 
 }  // namespace quorin

@@ -193,23 +193,39 @@ DrawingPaint decodePaint(Decoder& decoder) {
     return paint;
 }
 
-void encodeShape(Encoder& encoder, const DrawingShape& shape) {
-    encoder.encodeText("id", shape.id);
-    const auto& contours = shape.outline->children();
+void encodeOutline(Encoder& encoder, const CompoundPath& outline) {
+    const auto& contours = outline.children();
     encoder.encodeRecords("outline", contours.size(), [&](Encoder& record, std::size_t index) {
         contours[index]->encode(record);
     });
+}
+
+std::shared_ptr<CompoundPath> decodeOutline(Decoder& decoder) {
+    std::vector<std::shared_ptr<Path>> contours;
+    decoder.decodeRecords(
+        "outline", [&](Decoder& record, std::size_t) { contours.push_back(Path::decode(record)); });
+    return CompoundPath::create(std::move(contours));
+}
+
+void encodeShape(Encoder& encoder, const DrawingShape& shape) {
+    encoder.encodeText("id", shape.id);
+    encodeOutline(encoder, *shape.outline);
     encoder.encodeRecord("paint", [&](Encoder& record) { encodePaint(record, shape.paint); });
+    encoder.encodeRecords("clips", shape.clips.size(), [&](Encoder& record, std::size_t index) {
+        encodeWord(record, "rule", shape.clips[index].rule, fillRules);
+        encodeOutline(record, *shape.clips[index].outline);
+    });
 }
 
 DrawingShape decodeShape(Decoder& decoder) {
     DrawingShape shape;
     shape.id = decoder.decodeText("id");
-    std::vector<std::shared_ptr<Path>> contours;
-    decoder.decodeRecords(
-        "outline", [&](Decoder& record, std::size_t) { contours.push_back(Path::decode(record)); });
-    shape.outline = CompoundPath::create(std::move(contours));
+    shape.outline = decodeOutline(decoder);
     decoder.decodeRecord("paint", [&](Decoder& record) { shape.paint = decodePaint(record); });
+    decoder.decodeRecords("clips", [&](Decoder& record, std::size_t) {
+        const CGPathFillRule rule = decodeWord(record, "rule", fillRules);
+        shape.clips.push_back({rule, decodeOutline(record)});
+    });
     return shape;
 }
 

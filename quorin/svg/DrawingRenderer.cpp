@@ -119,6 +119,10 @@ void render(const Drawing& drawing, CGContext& context) {
         const bool needsLayer =
             paint.opacity < 1 && isPainted(paint.fill) && isPainted(paint.stroke);
         context.saveGState();
+        for (const DrawingClip& clip : shape.clips) {
+            context.addPath(*pathOf(*clip.outline));
+            context.clip(clip.rule);
+        }
         if (needsLayer)
             context.beginTransparencyLayer(paint.opacity);
         paintShape(paint, *path, needsLayer ? 1 : paint.opacity, context);

@@ -56,8 +56,9 @@ struct SvgReadResult {
 ///
 /// Transforms are applied to the points; a stroke's width is scaled by the square root of the
 /// transform's area. The opacity of a group is multiplied into that of its shapes. What has no
-/// outline (text, images) and what is not painted here (clips, masks, filters, patterns, markers)
-/// is left out with a warning. After an error in path data what stands before it is kept.
+/// outline (text, images) and what is not painted here (masks, filters, patterns, markers) is left
+/// out with a warning; inner drawings and symbols are not cut off at their edges. After an error in
+/// path data what stands before it is kept.
 ///
 /// Throws `SvgError` when the text is not SVG, ends early or passes a limit.
 SvgReadResult readSvg(std::string_view text, std::string_view fileName,

@@ -13,7 +13,7 @@
 namespace quorin {
 namespace {
 
-/// Shapes of the drawing as text, and the gradients they share.
+/// Shapes of the drawing as text, and the gradients and clips they share.
 class SvgPrinter {
 public:
     explicit SvgPrinter(const Drawing& source) : drawing(source) {
@@ -89,7 +89,20 @@ private:
             text += attribute("fill-rule", "evenodd");
         text += strokeText(paint);
         text += attributeUnless(1, "opacity", paint.opacity);
-        return text + "/>\n";
+        return text + clipText(shape.clips) + "/>\n";
+    }
+
+    /// An element has one clip, so several are clipped by each other, the first innermost.
+    std::string clipText(const std::vector<DrawingClip>& clips) {
+        std::string text;
+        for (const DrawingClip& clip : clips) {
+            std::string path = "<path" + attribute("d", pathData(*clip.outline));
+            if (clip.rule == CGPathFillRule::evenOdd)
+                path += attribute("clip-rule", "evenodd");
+            const std::string id = definitionId("clipPath", "clip", text + ">" + path + "/>");
+            text = attribute("clip-path", "url(#" + id + ")");
+        }
+        return text;
     }
 
     std::string strokeText(const DrawingPaint& paint) {
@@ -188,9 +201,9 @@ private:
         if (const auto* const color = std::get_if<DrawingColor>(&brush))
             return colorText(*color);
         if (const auto* const linear = std::get_if<DrawingLinearGradient>(&brush))
-            return "url(#" + gradientId("linearGradient", linearText(*linear)) + ")";
+            return "url(#" + definitionId("linearGradient", "gradient", linearText(*linear)) + ")";
         if (const auto* const radial = std::get_if<DrawingRadialGradient>(&brush))
-            return "url(#" + gradientId("radialGradient", radialText(*radial)) + ")";
+            return "url(#" + definitionId("radialGradient", "gradient", radialText(*radial)) + ")";
         return "none";
     }
 
@@ -249,13 +262,14 @@ private:
         return text;
     }
 
-    /// The id of a gradient of that text, defined at its first use.
-    std::string gradientId(std::string_view element, const std::string& text) {
-        std::string& id = gradientIds[std::string(element) + text];
+    /// The id of a definition with that text, which is written at its first use. `name` begins it.
+    std::string definitionId(std::string_view element, std::string_view name,
+                             const std::string& text) {
+        std::string& id = definitionIds[std::string(element) + text];
         if (!id.empty())
             return id;
         do
-            id = "gradient" + std::to_string(++gradientNumber);
+            id = std::string(name) + std::to_string(++definitionNumber);
         while (takenIds.contains(id));
         definitions += "<" + std::string(element) + attribute("id", id) + text + "</" +
                        std::string(element) + ">\n";
@@ -265,9 +279,9 @@ private:
     const Drawing& drawing;
     std::string place;  // for messages
     std::string definitions;
-    std::unordered_map<std::string, std::string> gradientIds;
+    std::unordered_map<std::string, std::string> definitionIds;
     std::unordered_set<std::string> takenIds, writtenIds;
-    std::size_t gradientNumber = 0;
+    std::size_t definitionNumber = 0;
 };
 
 }  // namespace

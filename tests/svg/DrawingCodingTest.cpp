@@ -33,7 +33,7 @@ Drawing decoded(const MemoryRecord& record) {
     return Drawing::decode(decoder);
 }
 
-/// A shape with a gradient of each kind and dashes.
+/// A shape with a gradient of each kind, dashes and a clip.
 Drawing painted() {
     return readDrawing(
         "<linearGradient id='l' gradientUnits='userSpaceOnUse' x1='1' x2='9' "
@@ -42,7 +42,8 @@ Drawing painted() {
         "<radialGradient id='r'><stop/></radialGradient>"
         "<path id='p' d='M0 0H9V9Z' fill='url(#l)' stroke='url(#r)' stroke-dasharray='1 2' "
         "fill-rule='evenodd' stroke-linecap='round' stroke-linejoin='bevel' opacity='0.5' "
-        "paint-order='stroke'/>");
+        "paint-order='stroke' clip-path='url(#c)'/>"
+        "<clipPath id='c'><circle r='5' clip-rule='evenodd'/></clipPath>");
 }
 
 MemoryRecord& inner(MemoryRecord& record, std::string_view key, std::size_t index = 0) {
@@ -53,8 +54,9 @@ TEST(DrawingCoding, writesTheKeysInTheirOrder) {
     MemoryRecord record = encoded(painted());
     EXPECT_THAT(record.keys(), ElementsAre("version", "viewBox", "size", "shapes"));
     MemoryRecord& shape = inner(record, "shapes");
-    EXPECT_THAT(shape.keys(), ElementsAre("id", "outline", "paint"));
+    EXPECT_THAT(shape.keys(), ElementsAre("id", "outline", "paint", "clips"));
     EXPECT_THAT(inner(shape, "outline").keys(), ElementsAre("isClosed", "segments"));
+    EXPECT_THAT(inner(shape, "clips").keys(), ElementsAre("rule", "outline"));
     MemoryRecord& paint = inner(shape, "paint");
     EXPECT_THAT(paint.keys(),
                 ElementsAre("fill", "fillOpacity", "fillRule", "stroke", "strokeOpacity",
@@ -80,6 +82,9 @@ TEST(DrawingCoding, bringsBackWhatItWrote) {
     EXPECT_EQ(back.shapes[0].id, "p");
     EXPECT_EQ(back.shapes[0].paint, drawing.shapes[0].paint);
     EXPECT_EQ(*back.shapes[0].outline->children()[0], *drawing.shapes[0].outline->children()[0]);
+    ASSERT_EQ(back.shapes[0].clips.size(), 1u);
+    EXPECT_EQ(back.shapes[0].clips[0].rule, CGPathFillRule::evenOdd);
+    EXPECT_TRUE(hasSameGeometry(back, drawing));
     EXPECT_EQ(encoded(back), record);
 }
 

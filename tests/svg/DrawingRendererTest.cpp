@@ -127,6 +127,19 @@ TEST(DrawingRenderer, shadesAlongLinesAndCircles) {
     EXPECT_THAT(pixel(radial, 0, 0), IsNear(255, 255, 255, 255));
 }
 
+TEST(DrawingRenderer, paintsInsideOfAllClips) {
+    const std::string clips =
+        "<clipPath id='a'><rect width='12' height='20'/></clipPath>"
+        "<clipPath id='b' clip-rule='evenodd'><path d='M0 0H20V20H0ZM2 2H8V8H2Z'/></clipPath>";
+    const std::string rect =
+        "<g clip-path='url(#a)'><rect width='20' height='20' "
+        "clip-path='url(#b)'/></g><rect x='18' width='2' height='2'/>";
+    EXPECT_THAT(pixel(clips + rect, 10, 10), IsNear(0, 0, 0, 255));
+    EXPECT_THAT(pixel(clips + rect, 14, 10), IsNear(0, 0, 0, 0));
+    EXPECT_THAT(pixel(clips + rect, 5, 5), IsNear(0, 0, 0, 0));
+    EXPECT_THAT(pixel(clips + rect, 18, 0), IsNear(0, 0, 0, 255));
+}
+
 TEST(DrawingRenderer, drawsThroughTheTransformAndLeavesTheStateAlone) {
     const auto context = CGContext::createBitmap(20, 20);
     context->setFillColor({0, 1, 0, 1});

@@ -43,5 +43,20 @@ TEST(Drawing, countsNeitherSignsOfZeroNorShapesThatDrawNothing) {
     EXPECT_TRUE(hasSameGeometry(drawing, readDrawing("<path d='M0 0H1'/>")));
 }
 
+TEST(Drawing, hasOtherGeometryWithOtherClips) {
+    const auto clipped = [](const std::string& pathData) {
+        return readDrawing("<clipPath id='c'><path d='" + pathData +
+                           "'/></clipPath><path d='M0 0H1' clip-path='url(#c)'/>");
+    };
+    const Drawing drawing = clipped("M0 0H5V5Z");
+    EXPECT_TRUE(hasSameGeometry(drawing, clipped("M0 0H5V5Z")));
+    EXPECT_FALSE(hasSameGeometry(drawing, clipped("M0 0H5V6Z")));
+    EXPECT_FALSE(hasSameGeometry(drawing, readDrawing("<path d='M0 0H1'/>")));
+
+    Drawing unseen = drawing;
+    unseen.shapes[0].clips.push_back({CGPathFillRule::winding, CompoundPath::create()});
+    EXPECT_TRUE(hasSameGeometry(unseen, {}));
+}
+
 }  // namespace
 }  // namespace quorin

@@ -133,11 +133,25 @@ private:
         DrawingShape result;
         if (!chance(3))
             result.id = std::string(characters.substr(0, below(10))) + std::to_string(random());
+        result.outline = outline();
+        result.paint = paint();
+        while (chance(3))
+            result.clips.push_back({static_cast<CGPathFillRule>(below(2)), clipOutline()});
+        return result;
+    }
+
+    std::shared_ptr<CompoundPath> outline() {
         std::vector<std::shared_ptr<Path>> contours(below(4));
         std::generate(contours.begin(), contours.end(), [&] { return contour(); });
-        result.outline = CompoundPath::create(std::move(contours));
-        result.paint = paint();
-        return result;
+        return CompoundPath::create(std::move(contours));
+    }
+
+    /// One that draws something: a shape that is clipped to nothing would not come back.
+    std::shared_ptr<CompoundPath> clipOutline() {
+        std::shared_ptr<Path> path = contour();
+        path->segments().append(segment());
+        path->setIsClosed(true);
+        return CompoundPath::create({path, contour()});
     }
 
     std::mt19937_64 random;

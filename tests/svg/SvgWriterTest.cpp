@@ -109,6 +109,21 @@ TEST(SvgWriter, sharesGradientsThatAreEqual) {
     EXPECT_THAT(text, HasSubstr("stroke=\"url(#gradient3)\""));
 }
 
+TEST(SvgWriter, clipsClipsWhereAShapeHasSeveral) {
+    const std::string clips =
+        "<clipPath id='a'><path d='M0 0H1V1Z' clip-rule='evenodd'/></clipPath>"
+        "<clipPath id='b'><path d='M0 0H2V2Z'/></clipPath>";
+    const std::string text = writeSvg(readDrawing(
+        clips +
+        "<g clip-path='url(#a)'><path d='M0 0H1' clip-path='url(#b)'/><path d='M0 0H3'/></g>"));
+    EXPECT_THAT(text, HasSubstr("<defs>\n<clipPath id=\"clip1\"><path d=\"M0 0H1V1Z\" "
+                                "clip-rule=\"evenodd\"/></clipPath>\n"
+                                "<clipPath id=\"clip2\" clip-path=\"url(#clip1)\">"
+                                "<path d=\"M0 0H2V2Z\"/></clipPath>\n</defs>\n"
+                                "<path d=\"M0 0H1\" clip-path=\"url(#clip2)\"/>\n"
+                                "<path d=\"M0 0H3\" clip-path=\"url(#clip1)\"/>\n"));
+}
+
 TEST(SvgWriter, escapesIdsAndWritesEachOnce) {
     Drawing drawing = readDrawing("<path d='M0 0H1'/><path d='M0 0H2'/>");
     drawing.shapes[0].id = drawing.shapes[1].id = "<a b=\"&'\n\x01>";
@@ -167,6 +182,8 @@ RC_GTEST_PROP(SvgWriter, writesWhatIsReadBackToTheBit, ()) {
         if (!drawsAnything)
             continue;
         RC_ASSERT(back.drawing.shapes.at(index).id == shape.id);
+        for (std::size_t i = 0; i < shape.clips.size(); ++i)
+            RC_ASSERT(back.drawing.shapes[index].clips.at(i).rule == shape.clips[i].rule);
         RC_ASSERT(back.drawing.shapes.at(index++).paint == shape.paint);
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <pugixml.hpp>
+#include <vector>
 
 #include "quorin/svg/Drawing.h"
 #include "quorin/svg/reading/SvgBudget.h"
@@ -17,6 +18,7 @@ struct SvgContext {
     CGAffineTransform transform;  ///< from the element's coordinates to the drawing's
     CGFloat opacity = 1;          ///< that of the element and of all groups around it
     CGSize viewport;
+    std::vector<DrawingClip> clips;  ///< in the drawing's coordinates
 };
 
 /// Turns the style of a shape into paint in the drawing's units.

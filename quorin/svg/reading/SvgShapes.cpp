@@ -79,10 +79,6 @@ std::optional<CGFloat> SvgLengthReader::size(const char* name, SvgAxis axis) con
     return std::nullopt;
 }
 
-SvgShapes::SvgShapes(SvgDocument& svgDocument, std::size_t maximumPathCommands)
-    : document(svgDocument),
-      commands(svgDocument.messages(), maximumPathCommands, "path commands") {}
-
 SvgShapes::Reader SvgShapes::readerOf(std::string_view name) {
     struct Shape {
         std::string_view name;

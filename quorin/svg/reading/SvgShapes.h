@@ -36,7 +36,9 @@ private:
 /// Reads what the basic shapes and `path` draw, in the coordinates of the element.
 class SvgShapes {
 public:
-    SvgShapes(SvgDocument& svgDocument, std::size_t maximumPathCommands);
+    /// Path commands and points are spent from `commandBudget`.
+    SvgShapes(SvgDocument& svgDocument, SvgBudget& commandBudget)
+        : document(svgDocument), commands(commandBudget) {}
 
     /// Whether elements of that name are shapes.
     static bool isShape(std::string_view name);
@@ -58,7 +60,7 @@ private:
     std::shared_ptr<const CGPath> points(pugi::xml_node node, bool isClosed);
 
     SvgDocument& document;
-    SvgBudget commands;
+    SvgBudget& commands;
 };
 
 }  // namespace quorin

@@ -42,15 +42,24 @@ CGSize sizeOfDrawing(const Sizes& given, const std::optional<CGRect>& viewBox) {
     return isUsable(size) ? size : base;
 }
 
+std::size_t anchorCount(const CompoundPath& outline) {
+    std::size_t count = 0;
+    for (const std::shared_ptr<Path>& contour : outline.children())
+        count += contour->segments().count();
+    return count;
+}
+
 }  // namespace
 
 SvgWalk::SvgWalk(SvgDocument& svgDocument, const SvgLimits& limits)
     : document(svgDocument),
       maximumDepth(limits.depth),
       elements(svgDocument.messages(), limits.elements, "elements, repeated ones included"),
+      commands(svgDocument.messages(), limits.pathCommands, "path commands"),
       cascade(svgDocument),
       painter(svgDocument, cascade, elements),
-      shapes(svgDocument, limits.pathCommands) {}
+      shapes(svgDocument, commands),
+      clips(svgDocument, cascade, shapes, elements) {}
 
 Drawing SvgWalk::draw() {
     enterRoot();
@@ -117,11 +126,11 @@ void SvgWalk::visit(pugi::xml_node node) {
 
 std::optional<SvgContext> SvgWalk::contextOf(pugi::xml_node node, const SvgContext& parent) {
     SvgContext context{cascade.styleOf(node, parent.style), parent.transform, parent.opacity,
-                       parent.viewport};
+                       parent.viewport, parent.clips};
     context.transform = CGAffineTransformConcat(context.style.transform, parent.transform);
     context.opacity *= context.style.opacity;
     const CGAffineTransform& t = context.transform;
-    if (!context.style.isDisplayed || t.a * t.d == t.b * t.c)
+    if (!context.style.isDisplayed || t.a * t.d == t.b * t.c || !clips.apply(node, context))
         return std::nullopt;
     warnOfEffects(node, context.style);
     return context;
@@ -226,8 +235,11 @@ void SvgWalk::addShape(pugi::xml_node node, const SvgContext& context) {
                                                             "> is too far out to be drawn");
         return;
     }
-    drawing.shapes.push_back(
-        {repairedUtf8(document.attribute(node, "id").text), std::move(outline), std::move(paint)});
+    // Clips are shared here, but whoever writes the shapes writes them again for each.
+    for (const DrawingClip& clip : context.clips)
+        commands.spend(anchorCount(*clip.outline), document.offset(node));
+    drawing.shapes.push_back({repairedUtf8(document.attribute(node, "id").text), std::move(outline),
+                              std::move(paint), context.clips});
 }
 
 void SvgWalk::warnOfEffects(pugi::xml_node node, const SvgStyle& style) {
@@ -237,7 +249,6 @@ void SvgWalk::warnOfEffects(pugi::xml_node node, const SvgStyle& style) {
     };
     const SvgMarkers& markers = style.markers;
     const bool hasMarkers = markers.start || markers.mid || markers.end;
-    warn(!style.clip.empty(), "clip-path");
     warn(!style.mask.empty(), "mask");
     warn(!style.filter.empty(), "filter");
     warn(style.isBlended, "mix-blend-mode");

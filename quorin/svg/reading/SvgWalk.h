@@ -8,6 +8,7 @@
 #include "quorin/svg/Drawing.h"
 #include "quorin/svg/reading/SvgBudget.h"
 #include "quorin/svg/reading/SvgCascade.h"
+#include "quorin/svg/reading/SvgClips.h"
 #include "quorin/svg/reading/SvgDocument.h"
 #include "quorin/svg/reading/SvgPainter.h"
 #include "quorin/svg/reading/SvgShapes.h"
@@ -54,10 +55,11 @@ private:
 
     SvgDocument& document;
     std::size_t maximumDepth;
-    SvgBudget elements;
+    SvgBudget elements, commands;
     SvgCascade cascade;
     SvgPainter painter;
     SvgShapes shapes;
+    SvgClips clips;
     std::vector<Level> levels;
     Drawing drawing;
 };
