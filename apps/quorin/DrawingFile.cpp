@@ -62,6 +62,12 @@ Drawing loadDrawingAloud(const std::string& file) {
     return std::move(loaded.drawing);
 }
 
+void requireArea(const Drawing& drawing, const std::string& file) {
+    const auto isThere = [](const CGSize& size) { return size.width > 0 && size.height > 0; };
+    if (!isThere(drawing.size) || !isThere(drawing.viewBox.size))
+        throw InputError(file, "the drawing has no size, so there is nothing to paint");
+}
+
 void requireDrawingName(const std::string& file) {
     if (!hasExtension(file, ".svg") && !hasExtension(file, ".json"))
         throw InputError(file, "the name of a drawing to write must end in .svg or .json");

@@ -34,6 +34,9 @@ LoadedDrawing loadDrawing(const std::string& file);
 /// The same for one drawing that is worked on alone: warnings go to standard error.
 Drawing loadDrawingAloud(const std::string& file);
 
+/// Throws `InputError` unless there is something of the drawing's plane to be painted.
+void requireArea(const Drawing& drawing, const std::string& file);
+
 /// Writes a drawing in the form its name asks for, .svg or .json, whole or not at all. Throws
 /// `InputError`.
 void saveDrawing(const Drawing& drawing, const std::string& file);

@@ -10,6 +10,7 @@
 #include "apps/quorin/DrawingFile.h"
 #include "apps/quorin/DrawingPicture.h"
 #include "apps/quorin/ParsedOption.h"
+#include "apps/quorin/TextTable.h"
 
 namespace quorin::app {
 
@@ -22,22 +23,28 @@ struct RenderOptions {
     bool showsAnchors = false;
 };
 
-std::size_t wholePixels(CGFloat length) {
-    // A side beyond what an image may have is refused with its number, so that has to be finite.
-    return static_cast<std::size_t>(std::clamp(length, 1.0, 1e9));
+PixelSize ownSize(const Drawing& drawing, const std::string& file) {
+    const CGSize size = drawing.size;
+    if (std::max(size.width, size.height) > static_cast<CGFloat>(CGImage::maximumSide))
+        throw InputError(file, "the drawing is " + shortText(size.width) + " by " +
+                                   shortText(size.height) + ", so a --size has to be chosen");
+    return {static_cast<std::size_t>(std::ceil(size.width)),
+            static_cast<std::size_t>(std::ceil(size.height))};
 }
 
 /// The asked size; of one that leaves a side open, that in the drawing's proportions.
 PixelSize pictureSize(const Drawing& drawing, const RenderOptions& options) {
-    const CGSize own = drawing.size;
+    requireArea(drawing, options.input);
     if (!options.size)
-        return {wholePixels(std::ceil(own.width)), wholePixels(std::ceil(own.height))};
+        return ownSize(drawing, options.input);
     if (options.size->height != 0)
         return *options.size;
     const auto longer = static_cast<CGFloat>(options.size->width);
-    const CGFloat scale = longer / std::max(own.width, own.height);
-    return {wholePixels(std::round(own.width * scale)),
-            wholePixels(std::round(own.height * scale))};
+    const CGFloat scale = longer / std::max(drawing.size.width, drawing.size.height);
+    const auto side = [&](CGFloat length) {
+        return static_cast<std::size_t>(std::clamp(std::round(length * scale), 1.0, longer));
+    };
+    return {side(drawing.size.width), side(drawing.size.height)};
 }
 
 /// Anchors at the edge of a drawing need room; a small picture has none to give.

@@ -59,6 +59,7 @@ Cell cellOf(const std::string& file, std::size_t side) {
     Cell cell;
     try {
         const LoadedDrawing loaded = loadDrawing(file);
+        requireArea(loaded.drawing, file);
         const std::shared_ptr<CGContext> context = CGContext::createBitmap(side, side);
         paint(loaded.drawing, *context, CGRectMake(0, 0, double(side), double(side)));
         cell.picture = context->makeImage();

@@ -63,7 +63,7 @@ std::string shortText(CGFloat number) {
     std::array<char, 32> buffer;
     std::snprintf(buffer.data(), buffer.size(), isFixed ? "%.3f" : "%.3g", size);
     std::string text = isFixed ? withoutIdleZeros(buffer.data()) : std::string(buffer.data());
-    return std::signbit(number) && size != 0 ? text.insert(0, "-") : text;
+    return number < 0 ? text.insert(0, "-") : text;
 }
 
 std::string shortText(bool answer) { return answer ? "yes" : "no"; }

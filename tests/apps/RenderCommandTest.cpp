@@ -159,14 +159,32 @@ TEST_F(RenderCommand, refusesColoursThatAreNone) {
 
 TEST_F(RenderCommand, refusesPicturesThatNoImageHolds) {
     folder.file("a.png", "as it was");
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"render", file, output, "--size", "32767x32767"},
-          {"render", drawing("width='1e300' height='1'", ""), output},
-          {"render", drawing("width='40000' height='4'", ""), output}}) {
-        const ProgramRun run = runQuorin(arguments);
-        EXPECT_EQ(run.exitCode, 1);
-        EXPECT_THAT(run.errors, testing::StartsWith("quorin: " + output + ": "));
-        EXPECT_EQ(contents(output), "as it was");
+    const ProgramRun run = runQuorin({"render", file, output, "--size", "32767x32767"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors, testing::StartsWith("quorin: " + output + ": "));
+    EXPECT_EQ(contents(output), "as it was");
+}
+
+TEST_F(RenderCommand, asksForTheSizeOfADrawingThatIsTooLarge) {
+    const std::string wide = drawing("width='1e300' height='40000'", "");
+    EXPECT_THAT(
+        runQuorin({"render", wide, output}),
+        RefusedInput(wide + ": the drawing is 1e+300 by 40000, so a --size has to be chosen"));
+    EXPECT_FALSE(std::filesystem::exists(output));
+    picture(wide, {"--size", "10"});
+    EXPECT_THAT(sizeOfPng(output), Pair(10, 1));
+}
+
+TEST_F(RenderCommand, refusesADrawingWithoutSize) {
+    for (const char* sizes : {R"("viewBox": [[0, 0], [1, 1]], "size": [0, 5])",
+                              R"("viewBox": [[0, 0], [1, 0]], "size": [5, 5])"}) {
+        const std::string flat =
+            folder.file("flat.json", std::string(R"({"version": 1, "shapes": [], )") + sizes + "}");
+        for (const std::string command : {"render", "sheet"})
+            EXPECT_THAT(
+                command == "render" ? runQuorin({command, flat, output, "--size", "10"})
+                                    : runQuorin({command, output, flat}),
+                RefusedInput(flat + ": the drawing has no size, so there is nothing to paint"));
     }
 }
 
