@@ -7,50 +7,70 @@
 
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorin::test {
 namespace {
 
-constexpr const char* program = QUORIN_PROGRAM;
+/// An empty file that is open for writing.
+class OutputFile {
+public:
+    explicit OutputFile(std::string name)
+        : path(std::move(name)),
+          descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600)) {}
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile() { close(descriptor); }
+
+    const std::string path;
+    const int descriptor;
+};
 
 ProgramRun run(const std::vector<std::string>& words) {
     const TemporaryFolder folder;
-    const std::string output = folder.file("output", ""), errors = folder.file("errors", "");
-
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(), O_WRONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, errors.c_str(), O_WRONLY, 0);
-    std::vector<char*> arguments;
-    for (const std::string& word : words)
-        arguments.push_back(const_cast<char*>(word.c_str()));
-    arguments.push_back(nullptr);
-    pid_t process = 0;
-    const int failure =
-        posix_spawn(&process, arguments[0], &actions, nullptr, arguments.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    EXPECT_EQ(failure, 0) << "cannot start " << words[0];
-    if (failure != 0)
-        return {};
-
-    int status = 0;
-    EXPECT_EQ(waitpid(process, &status, 0), process);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents(output), contents(errors)};
+    const OutputFile output(folder / "output"), errors(folder / "errors");
+    const int exitCode = RunningProgram(words, output.descriptor, errors.descriptor).waitForExit();
+    return {exitCode, contents(output.path), contents(errors.path)};
 }
 
 }  // namespace
 
+RunningProgram::RunningProgram(const std::vector<std::string>& words, int output, int errors) {
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, errors, STDERR_FILENO);
+    std::vector<char*> arguments;
+    for (const std::string& word : words)
+        arguments.push_back(const_cast<char*>(word.c_str()));
+    arguments.push_back(nullptr);
+    if (posix_spawn(&process, arguments[0], &actions, nullptr, arguments.data(), environ) != 0) {
+        ADD_FAILURE() << "cannot start " << words[0];
+        process = 0;
+    }
+    posix_spawn_file_actions_destroy(&actions);
+}
+
+int RunningProgram::waitForExit() {
+    int status = 0;
+    if (process != 0 && waitpid(process, &status, 0) == process && WIFEXITED(status))
+        exitCode = WEXITSTATUS(status);
+    process = 0;
+    return exitCode;
+}
+
 ProgramRun runQuorin(const std::vector<std::string>& arguments) {
-    std::vector<std::string> words = {program};
+    std::vector<std::string> words = {quorinProgram};
     words.insert(words.end(), arguments.begin(), arguments.end());
     return run(words);
 }
 
 ProgramRun runQuorinAfter(const std::string& setup, const std::vector<std::string>& arguments) {
-    std::vector<std::string> words = {"/bin/sh", "-c", setup + "; exec \"$0\" \"$@\"", program};
+    std::vector<std::string> words = {"/bin/sh", "-c", setup + "; exec \"$0\" \"$@\"",
+                                      quorinProgram};
     words.insert(words.end(), arguments.begin(), arguments.end());
     return run(words);
 }

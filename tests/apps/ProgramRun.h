@@ -16,6 +16,26 @@ struct ProgramRun {
     std::string output, errors;
 };
 
+/// The quorin program at work. Its outputs go to two open descriptors.
+class RunningProgram {
+public:
+    /// `words` start with the path of a program, which need not be quorin.
+    RunningProgram(const std::vector<std::string>& words, int output, int errors);
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
+    ~RunningProgram() { waitForExit(); }
+
+    /// The exit code, -1 when a signal ended it.
+    int waitForExit();
+
+private:
+    int process = 0;
+    int exitCode = -1;
+};
+
+/// Where the build put the program.
+inline const std::string quorinProgram = QUORIN_PROGRAM;
+
 /// Runs the program to its end, its two outputs going to files.
 ProgramRun runQuorin(const std::vector<std::string>& arguments);
 

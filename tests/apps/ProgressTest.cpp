@@ -1,0 +1,81 @@
+#include <fcntl.h>
+#include <poll.h>
+#include <pty.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <fstream>
+#include <utility>
+
+#include "tests/TestSupport.h"
+#include "tests/apps/Drawings.h"
+#include "tests/apps/ProgramRun.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace quorin {
+namespace {
+
+using test::RunningProgram;
+using test::TemporaryFolder;
+using testing::EndsWith;
+using testing::HasSubstr;
+
+/// A terminal that a program writes to, seen from the other side.
+class Terminal {
+public:
+    Terminal() { EXPECT_EQ(openpty(&screen, &_line, nullptr, nullptr, nullptr), 0); }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+    ~Terminal() {
+        hangUp();
+        close(screen);
+    }
+
+    int line() const { return _line; }
+    /// From now on only the program holds the line: when it ends, so does what can be read.
+    void hangUp() {
+        if (_line >= 0)
+            close(std::exchange(_line, -1));
+    }
+    /// Everything that was written, up to `text` or, failing that, the end.
+    const std::string& readUntil(const std::string& text) {
+        constexpr int patience = 20'000;  // milliseconds, for the slowest of machines
+        pollfd waiting{screen, POLLIN, 0};
+        while (written.find(text) == std::string::npos && poll(&waiting, 1, patience) == 1) {
+            std::array<char, 256> buffer;
+            const ssize_t count = read(screen, buffer.data(), buffer.size());
+            if (count <= 0)
+                break;
+            written.append(buffer.data(), static_cast<std::size_t>(count));
+        }
+        return written;
+    }
+    const std::string& readToTheEnd() { return readUntil(std::string(1, '\0')); }
+
+private:
+    int screen = -1, _line = -1;
+    std::string written;
+};
+
+TEST(Progress, isShownOnATerminalWhileWorkTakesLongAndWipedAfterwards) {
+    const TemporaryFolder folder;
+    const std::string quick = folder.file("quick.svg", test::sampleSvg);
+    // A drawing that takes as long to read as this test wants.
+    const std::string slow = folder / "slow.svg";
+    ASSERT_EQ(mkfifo(slow.c_str(), 0600), 0);
+
+    Terminal terminal;
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    RunningProgram program({test::quorinProgram, "info", slow, quick}, nowhere, terminal.line());
+    terminal.hangUp();
+    EXPECT_THAT(terminal.readUntil("reading 1 of 2"), HasSubstr("\rreading 1 of 2"));
+
+    std::ofstream(slow) << test::sampleSvg;
+    EXPECT_THAT(terminal.readToTheEnd(), EndsWith("\r\x1b[K"));
+    EXPECT_EQ(program.waitForExit(), 0);
+    close(nowhere);
+}
+
+}  // namespace
+}  // namespace quorin
