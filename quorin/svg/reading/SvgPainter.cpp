@@ -7,6 +7,12 @@
 #include "quorin/svg/reading/SvgTransform.h"
 
 namespace quorin {
+namespace {
+
+/// A stroke that is a quarter wider one way than the other looks different.
+constexpr CGFloat noticeableUnevenness = 1.25;
+
+}  // namespace
 
 DrawingPaint SvgPainter::paint(pugi::xml_node node, const SvgContext& context, const CGPath& path) {
     const SvgStyle& style = context.style;
@@ -15,14 +21,18 @@ DrawingPaint SvgPainter::paint(pugi::xml_node node, const SvgContext& context, c
     paint.fillOpacity = style.fillOpacity;
     paint.fillRule = style.fillRule;
     paint.stroke = brush(node, style.stroke, context, path);
-    paintStroke(context, paint);
+    paintStroke(node, context, paint);
     paint.isStrokeFirst = style.isStrokeFirst;
     paint.opacity = context.opacity;
     return paint;
 }
 
-void SvgPainter::paintStroke(const SvgContext& context, DrawingPaint& paint) const {
+void SvgPainter::paintStroke(pugi::xml_node node, const SvgContext& context, DrawingPaint& paint) {
     const SvgStyle& style = context.style;
+    const bool isSeen = !std::holds_alternative<std::monostate>(paint.stroke);
+    if (isSeen && style.isStrokeScaled && unevenness(context.transform) > noticeableUnevenness)
+        document.messages().warn(document.offset(node),
+                                 "stroke: it is drawn evenly where the transform stretches it");
     const CGFloat scale = style.isStrokeScaled ? meanScale(context.transform) : 1;
     const auto resolved = [&](const SvgLength& length) {
         return length.resolved(context.viewport, SvgAxis::diagonal) * scale;

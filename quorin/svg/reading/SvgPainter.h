@@ -34,7 +34,7 @@ public:
 private:
     DrawingBrush brush(pugi::xml_node node, const SvgPaintValue& value, const SvgContext& context,
                        const CGPath& path);
-    void paintStroke(const SvgContext& context, DrawingPaint& paint) const;
+    void paintStroke(pugi::xml_node node, const SvgContext& context, DrawingPaint& paint);
 
     SvgDocument& document;
     SvgGradients gradients;

@@ -153,4 +153,11 @@ SvgTransformResult parseSvgTransform(std::string_view text) {
 
 CGFloat meanScale(const CGAffineTransform& t) { return std::sqrt(std::abs(t.a * t.d - t.b * t.c)); }
 
+CGFloat unevenness(const CGAffineTransform& t) {
+    // Half the sum and half the difference of the axes of the ellipse, whichever is which.
+    const CGFloat one = std::hypot(t.a + t.d, t.b - t.c) / 2;
+    const CGFloat other = std::hypot(t.a - t.d, t.b + t.c) / 2;
+    return (one + other) / std::abs(one - other);
+}
+
 }  // namespace quorin

@@ -25,5 +25,7 @@ SvgTransformResult parseSvgTransform(std::string_view text);
 
 /// The square root of the area that a unit square takes after the transform.
 CGFloat meanScale(const CGAffineTransform& transform);
+/// How many times longer a circle becomes one way than the other: 1 when it stays a circle.
+CGFloat unevenness(const CGAffineTransform& transform);
 
 }  // namespace quorin

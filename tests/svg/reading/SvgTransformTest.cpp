@@ -107,5 +107,14 @@ TEST(SvgTransform, hasTheMeanScaleOfItsArea) {
     EXPECT_EQ(meanScale({1, 0, 0, -1, 0, 0}), 1);
 }
 
+TEST(SvgTransform, knowsHowUnevenItIs) {
+    EXPECT_EQ(unevenness(CGAffineTransform::identity), 1);
+    EXPECT_DOUBLE_EQ(unevenness({2, 0, 0, -8, 5, 5}), 4);
+    EXPECT_DOUBLE_EQ(unevenness({0, -3, 9, 0, 0, 0}), 3);
+    EXPECT_NEAR(unevenness(parseSvgTransform("rotate(33)scale(5)").transform), 1, 1e-15);
+    // A shear by 45 degrees stretches by the golden ratio and shrinks by it.
+    EXPECT_NEAR(unevenness(parseSvgTransform("skewX(45)").transform), 2.618033988749895, 1e-12);
+}
+
 }  // namespace
 }  // namespace quorin

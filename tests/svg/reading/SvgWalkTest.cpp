@@ -88,7 +88,7 @@ TEST(SvgWalk, appliesTransformsFromTheInside) {
 
 TEST(SvgWalk, scalesStrokesByTheAreaOfTheTransform) {
     const char* const text =
-        "<path d='M1 1H2' transform='scale(2 8)' stroke='red' stroke-width='3' "
+        "<path d='M1 1H2' transform='scale(2 8)' stroke-width='3' "
         "stroke-dasharray='1 2' stroke-dashoffset='5'/>";
     const DrawingPaint paint = readDrawing(text).shapes[0].paint;
     EXPECT_EQ(paint.strokeWidth, 12);
@@ -102,6 +102,17 @@ TEST(SvgWalk, scalesStrokesByTheAreaOfTheTransform) {
     EXPECT_DOUBLE_EQ(
         readDrawing("<path d='M1 1H2' stroke-width='10%'/>").shapes[0].paint.strokeWidth,
         9.055385138137417);
+}
+
+TEST(SvgWalk, warnsOfStrokesThatATransformStretches) {
+    const std::string start = "<path d='M1 1H2' transform='scale(2 8)' ";
+    EXPECT_THAT(warningsAbout(start + "stroke='red'/>"),
+                ElementsAre("stroke: it is drawn evenly where the transform stretches it"));
+    EXPECT_THAT(warningsAbout(start + "/>"), IsEmpty());
+    EXPECT_THAT(warningsAbout(start + "stroke='red' vector-effect='non-scaling-stroke'/>"),
+                IsEmpty());
+    EXPECT_THAT(warningsAbout("<path d='M1 1H2' transform='scale(2 -2.2)' stroke='red'/>"),
+                IsEmpty());
 }
 
 TEST(SvgWalk, multipliesTheOpacityOfGroupsIntoShapes) {
