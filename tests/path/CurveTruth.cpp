@@ -179,7 +179,7 @@ CurveTruth::Nearest CurveTruth::nearest(CGPoint from) const {
     };
     consider({1, std::sqrt(squared[last])});
     for (std::size_t i = 1; i < last; ++i)
-        if (squared[i] <= squared[i - 1] && squared[i] <= squared[i + 1])
+        if (squared[i] < squared[i - 1] && squared[i] <= squared[i + 1])
             consider(goldenSection(timeOf(i - 1), timeOf(i + 1), point));
     consider(goldenSection(0, timeOf(1), point));
     consider(goldenSection(timeOf(last - 1), 1, point));

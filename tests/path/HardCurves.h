@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <ostream>
 #include <vector>
 
 #include "quorin/path/CubicBezier.h"
@@ -13,6 +14,8 @@ struct HardCurve {
     CubicBezier curve;
     std::optional<CGFloat> length;
 };
+
+inline void PrintTo(const HardCurve& hard, std::ostream* stream) { *stream << hard.says; }
 
 inline CubicBezier cubic(CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2) {
     return {p1, c1 - p1, c2 - p2, p2};

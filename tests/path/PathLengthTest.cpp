@@ -69,6 +69,16 @@ TEST(PathLength, standsCurvesWithoutLength) {
     EXPECT_NEAR(path->length(1e-9).length, 26, 1e-9);
     path->closePath();
     EXPECT_EQ(path->length(), 26) << "closed twice";
+    path->moveTo({100, 100});
+    EXPECT_EQ(path->length(), 26) << "a move after the start does nothing";
+}
+
+TEST(PathLength, countsTheWayBackOfAPathClosedBeforeItWasDrawn) {
+    const auto path = Path::create();
+    path->closePath();
+    path->moveTo({0, 0});
+    path->addLineTo({5, 0});
+    EXPECT_EQ(path->length(), 10);
 }
 
 }  // namespace
