@@ -210,7 +210,7 @@ RC_GTEST_PROP(PathData, survivesAnyTextMadeOfItsCharacters, ()) {
         rc::gen::elementOf(std::string("MmLlHhVvCcSsQqTtAaZz0019.-+e, \n#")));
     const std::string text = "M1 1" + *characters;
     const PathData data = parsePathData(text);
-    RC_ASSERT(!data.error || data.error->offset <= text.size());
+    RC_ASSERT((!data.error || data.error->offset <= text.size()));
     // What is kept is what the text up to the error draws.
     if (data.error) {
         CGPathElementType last = CGPathElementType::moveToPoint;
