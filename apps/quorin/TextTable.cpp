@@ -62,8 +62,8 @@ std::string shortText(CGFloat number) {
     const bool isFixed = (size >= 0.0005 && size < 9'007'199'254'740'992.0) || size == 0;
     std::array<char, 32> buffer;
     std::snprintf(buffer.data(), buffer.size(), isFixed ? "%.3f" : "%.3g", size);
-    std::string text = isFixed ? withoutIdleZeros(buffer.data()) : std::string(buffer.data());
-    return number < 0 ? text.insert(0, "-") : text;
+    std::string text = number < 0 ? "-" : "";
+    return text.append(isFixed ? withoutIdleZeros(buffer.data()) : std::string(buffer.data()));
 }
 
 std::string shortText(bool answer) { return answer ? "yes" : "no"; }
