@@ -107,7 +107,10 @@ private:
     return nearest;
 }
 
-void refine(Standing& standing, CGFloat step, const SquaredDistances& squaredAt) {
+// Inlined like all the rest: a call from the copy for wider vectors would leave their upper halves
+// in use, which slows down whatever the caller does next.
+[[gnu::always_inline]] inline void refine(Standing& standing, CGFloat step,
+                                          const SquaredDistances& squaredAt) {
     const auto moveTo = [&](CGFloat time) {
         const CGFloat squared = squaredAt(time);
         if (!(squared < standing.squared))
