@@ -19,7 +19,8 @@ struct Bounds {
     bool isEmpty() const { return !areBothAtMost(min, max); }
     /// Whether both points lie inside or on the edge.
     bool holds(PointLanes a, PointLanes b) const {
-        return areBothAtMost(min, lesser(a, b)) && areBothAtMost(greater(a, b), max);
+        const auto inside = (min <= lesser(a, b)) & (greater(a, b) <= max);
+        return (inside[0] & inside[1]) != 0;
     }
     /// The null rect while the box is empty.
     CGRect rect() const {

@@ -151,6 +151,16 @@ rc::Gen<Cubic> cubicOfSize(CGFloat size) {
     return rc::gen::container<Cubic>(point);
 }
 
+TEST(CubicBounds, stayInTheControlHullWhereTheExtremumRoundsOutOfIt) {
+    // Controls an ulp or two apart, between which plain interpolation rounds up.
+    const Bounds box = boundsOf({{{{0.94796343626961488, 0.90909447608025518},
+                                   {0.9479634362696151, 0.90909447608025551},
+                                   {0.86565343205634926, 0.90909447608025518},
+                                   {0.55598826477583707, 0.90909447608025518}}}});
+    EXPECT_LE(box.max[0], 0.9479634362696151);
+    EXPECT_LE(box.max[1], 0.90909447608025551);
+}
+
 RC_GTEST_PROP(CubicBounds, neverLeaveTheControlHull, (std::array<CGFloat, 8> numbers)) {
     const auto& [a, b, c, d, e, f, g, h] = numbers;
     const Bounds tight = boundsOf({{{{a, b}, {c, d}, {e, f}, {g, h}}}});

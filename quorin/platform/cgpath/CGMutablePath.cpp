@@ -14,8 +14,8 @@ void CGMutablePath::reserve(std::size_t elements, std::size_t pointCount) {
 
 void CGMutablePath::append(CGPathElementType type, std::initializer_list<CGPoint> added) {
     types.push_back(type);
+    points.insert(points.end(), added);
     for (const CGPoint point : added) {
-        points.push_back(point);
         isOrdinary = isOrdinary && quorin::isOrdinary(point);
         current = point;
     }

@@ -13,7 +13,7 @@ namespace {
 // An index costs as much to build as a hundred walks over the outline. It comes when a path has
 // shown that it is asked more than now and then.
 constexpr std::uint32_t questionsBeforeIndex = 16;
-constexpr std::size_t elementsWorthAnIndex = 32;
+constexpr std::size_t elementsWorthAnIndex = 64;
 
 }  // namespace
 

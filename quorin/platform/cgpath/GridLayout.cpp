@@ -80,7 +80,7 @@ GridLayout GridLayout::of(const MonotoneOutline& outline, CGFloat gap) {
     constexpr std::size_t sampleSize = 512;
     constexpr CGFloat cellsPerPiece = 2;
     constexpr CGFloat bytesPerCell = 8, bytesPerEntry = 4;
-    constexpr CGFloat loss = 1.25;  // cells are counted near when the piece passes by a corner
+    constexpr CGFloat loss = 1.35;  // cells are counted near when the piece passes by a corner
 
     const Sample sample(outline.pieces, sampleSize);
     const CGFloat horizontal = std::max(crossings(sample, &CGPoint::x), 1.0);

@@ -15,8 +15,7 @@ public:
 
     void lines(CGPoint p1, std::span<const CGPoint> points) {
         for (const CGPoint p2 : points) {
-            outline.pieces.push_back({{0, 1, p1, p2}, nextCurve()});
-            outline.curves.push_back(OutlineCurve::line(p1, p2));
+            addLine(p1, p2);
             p1 = p2;
         }
     }
@@ -39,10 +38,16 @@ public:
         }
     }
 
-    void leaveOpen(CGPoint p1, CGPoint p2) { lines(p1, {&p2, 1}); }
+    void close(CGPoint p1, CGPoint p2) { addLine(p1, p2); }
+    void leaveOpen(CGPoint p1, CGPoint p2) { addLine(p1, p2); }
 
 private:
     std::uint32_t nextCurve() const { return static_cast<std::uint32_t>(outline.curves.size()); }
+
+    void addLine(CGPoint p1, CGPoint p2) {
+        outline.pieces.push_back({{0, 1, p1, p2}, nextCurve()});
+        outline.curves.push_back(OutlineCurve::line(p1, p2));
+    }
 
     void add(const OutlineCurve& curve, const TurnTimes& turns, const ControlHull& hull,
              CGPoint end) {

@@ -1,7 +1,6 @@
 #include "quorin/platform/cgpath/MonotonePiece.h"
 
 #include <cmath>
-#include <limits>
 
 #include "quorin/geometry/PointArithmetic.h"
 
@@ -32,12 +31,12 @@ private:
     CGPoint direction;
 };
 
-/// Not yet within reach of the point in one of the coordinates.
+/// Not yet within reach of the point, in one of the coordinates.
 bool isBefore(CGPoint way) { return way.x < -reach || way.y < -reach; }
-/// Past the point's reach in one of the coordinates.
+/// No longer within reach of the point, in one of the coordinates.
 bool isPast(CGPoint way) { return way.x > reach || way.y > reach; }
 
-/// The last double that is `isEarly`, or the one after it: halving cannot fail.
+/// The last time that is early, by halving down to neighbouring doubles. Cannot fail.
 template <typename Predicate>
 CGFloat boundary(CGFloat low, CGFloat high, Predicate isEarly) {
     for (;;) {
@@ -56,8 +55,8 @@ CGFloat distanceToOrigin(CGPoint from, CGPoint to) {
     return std::hypot(nearest.x, nearest.y);
 }
 
-/// The distance from the point to the stretch that lies within reach in both coordinates; at that
-/// size a curve is a few chords.
+/// Whether the distance, not just each coordinate, is within reach. What has to be looked at is so
+/// short that a few chords stand for it.
 bool isWithinReach(const MonotonePiece& piece, const Approach& approach) {
     const CGFloat in = boundary(piece.startTime, piece.endTime,
                                 [&](CGFloat t) { return isBefore(approach.at(t)); });

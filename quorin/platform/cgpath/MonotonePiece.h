@@ -8,8 +8,7 @@
 
 namespace quorin {
 
-/// How often an outline winds around a point, clockwise in a y-up plane. Where the point lies on
-/// the outline, the number means nothing.
+/// How often an outline winds around a point, clockwise in a y-up plane; 0 for a point on it.
 struct Winding {
     int number = 0;
     bool isOnOutline = false;
@@ -49,8 +48,9 @@ struct MonotonePiece {
     CGFloat startTime, endTime;
     CGPoint start, end;
 
-    /// What the piece adds to the winding number of a point it passes on the left: every point of
-    /// height y counts to the height below, so that pieces share no height and leave out none.
+    /// What the piece adds to the winding number of a point of this height to its right. It covers
+    /// the height of its lower end and not that of its upper one, so that pieces that meet cover
+    /// each height once.
     int stepAt(CGFloat y) const {
         return static_cast<int>(end.y > y) - static_cast<int>(start.y > y);
     }

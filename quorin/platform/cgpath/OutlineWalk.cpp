@@ -1,11 +1,33 @@
 #include "quorin/platform/cgpath/OutlineWalk.h"
 
+#include <algorithm>
+
+#include "quorin/geometry/PointArithmetic.h"
 #include "quorin/platform/cgpath/MonotoneSplit.h"
 #include "quorin/platform/cgpath/PathWalk.h"
 
 namespace quorin {
 
 namespace {
+
+/// Four points seen from another one. The sides of a triangle around the viewer all run the same
+/// way, and the triangles of four points cover their convex hull.
+struct View {
+    CGPoint v1, v2, v3, v4;
+
+    /// Whether the viewer is outside the convex hull of the points by a clear margin: `slack` is
+    /// that margin times the longest distance between two of them, or more.
+    bool isSurelyFromOutside(CGFloat slack) const {
+        const CGFloat a12 = cross(v1, v2), a13 = cross(v1, v3), a14 = cross(v1, v4);
+        const CGFloat a23 = cross(v2, v3), a24 = cross(v2, v4), a34 = cross(v3, v4);
+        const auto isOutside = [slack](CGFloat a, CGFloat b, CGFloat c) {
+            return static_cast<int>(std::max(std::max(a, b), c) > slack) &
+                   static_cast<int>(std::min(std::min(a, b), c) < -slack);
+        };
+        return (isOutside(a12, a23, -a13) & isOutside(a12, a24, -a14) & isOutside(a13, a34, -a14) &
+                isOutside(a23, a34, -a24)) != 0;
+    }
+};
 
 class WindingSum {
 public:
@@ -17,8 +39,7 @@ public:
 
     void lines(CGPoint p1, std::span<const CGPoint> points) {
         for (const CGPoint p2 : points) {
-            if (isInReach(ControlHull::of(p1, p2), p1, p2))
-                add({0, 1, p1, p2}, OutlineCurve::line(p1, p2));
+            addLine(p1, p2);
             p1 = p2;
         }
     }
@@ -37,27 +58,48 @@ public:
         for (std::size_t index = 0; index < points.size(); index += 3) {
             const CGPoint c1 = points[index], c2 = points[index + 1], p2 = points[index + 2];
             const ControlHull hull = ControlHull::of(p1, c1, c2, p2);
-            if (isInReach(hull, p1, p2))
+            if (isInReach(hull, p1, p2) && !addAsChord(hull, p1, c1, c2, p2))
                 add(OutlineCurve::cubic(p1, c1, c2, p2), turnTimes(p1, c1, c2, p2), hull, p2);
             p1 = p2;
         }
     }
 
-    void leaveOpen(CGPoint p1, CGPoint p2) { lines(p1, {&p2, 1}); }
+    void close(CGPoint p1, CGPoint p2) { addLine(p1, p2); }
+    void leaveOpen(CGPoint p1, CGPoint p2) { addLine(p1, p2); }
 
 private:
-    /// Most curves are far from the point, and their ends say all: a curve wholly to the left is
-    /// crossed as often, on balance, as the step from its start to its end.
+    /// Most curves are far from the point, and their ends say all: one wholly to the left of it is
+    /// crossed, on balance, as often as its ends lie on different sides of the point's height.
     bool isInReach(const ControlHull& hull, CGPoint p1, CGPoint p2) {
         constexpr PointLanes reach{scalar::windingEpsilon, scalar::windingEpsilon};
-        const auto isBelow = lanesOf(point) < hull.min - reach;
-        const auto isAbove = lanesOf(point) > hull.max + reach;
-        if ((isBelow[0] | isBelow[1] | isAbove[1]) != 0)
+        const PointLanes low = hull.min - reach, high = hull.max + reach;
+        if (point.y < low[1] || point.y > high[1] || point.x < low[0])
             return false;
-        if (isAbove[0] == 0)
+        if (point.x <= high[0])
             return true;
         sum.number += MonotonePiece{0, 1, p1, p2}.stepAt(point.y);
         return false;
+    }
+
+    void addLine(CGPoint p1, CGPoint p2) {
+        if (isInReach(ControlHull::of(p1, p2), p1, p2))
+            add({0, 1, p1, p2}, OutlineCurve::line(p1, p2));
+    }
+
+    /// Seen from outside the convex hull of its controls, a curve looks like its chord: between
+    /// the two there is only the hull.
+    bool addAsChord(const ControlHull& hull, CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2) {
+        const PointLanes size = hull.max - hull.min;
+        const PointLanes largest = greater(hull.max, -hull.min);
+        const CGFloat slack = (size[0] + size[1]) *
+                              (2 * scalar::windingEpsilon + (largest[0] + largest[1]) * 0x1p-44);
+        const View view{p1 - point, c1 - point, c2 - point, p2 - point};
+        if (!view.isSurelyFromOutside(slack))
+            return false;
+        const int step = MonotonePiece{0, 1, p1, p2}.stepAt(point.y);
+        const bool isLeftOfPoint = (cross(view.v1, view.v4) < 0) == (step > 0);
+        sum.number += isLeftOfPoint ? step : 0;
+        return true;
     }
 
     void add(const OutlineCurve& curve, const TurnTimes& turns, const ControlHull& hull,

@@ -1,4 +1,4 @@
-#include <array>
+#include <algorithm>
 #include <cstddef>
 #include <mutex>
 #include <span>
@@ -27,44 +27,37 @@ public:
         }
     }
 
-    // A curve whose controls leave the box waits a while: most often the ends of the curves after
-    // it reach further, and its extrema need no computing. An outline that wanders outwards would
-    // otherwise pay for nearly every curve.
+    // The ends of a stretch of curves come first. They most often reach further than the controls
+    // of those before them, whose extrema then need no computing; an outline that wanders outwards
+    // would otherwise pay for nearly every curve.
     void cubics(CGPoint p1, std::span<const CGPoint> points) {
-        Bounds gathered = box;  // kept in registers, which a member would not be
-        for (std::size_t index = 0; index < points.size(); index += 3) {
-            const CGPoint* const cubic = &points[index];
-            extendByPoint(gathered, cubic[2]);
-            if (!gathered.holds(lanesOf(cubic[0]), lanesOf(cubic[1]))) {
-                waiting[waitingCount++] = {p1, cubic};
-                if (waitingCount == waiting.size())
-                    gathered = settled(gathered);
+        constexpr std::size_t stretch = 3 * 256;
+        while (!points.empty()) {
+            const auto part = points.first(std::min(stretch, points.size()));
+            Bounds gathered = box;  // kept in registers, which a member would not be
+            for (std::size_t index = 2; index < part.size(); index += 3)
+                extendByPoint(gathered, part[index]);
+            box = gathered;
+            for (std::size_t index = 0; index < part.size(); index += 3) {
+                const CGPoint c1 = part[index], c2 = part[index + 1], p2 = part[index + 2];
+                if (!gathered.holds(lanesOf(c1), lanesOf(c2))) {
+                    extendByCubic(box, p1, c1, c2, p2);
+                    gathered = box;
+                }
+                p1 = p2;
             }
-            p1 = cubic[2];
+            points = points.subspan(part.size());
         }
-        box = settled(gathered);
     }
 
-    void leaveOpen(CGPoint, CGPoint) {}  // filling closes a subpath, but draws nothing there
+    // Both ends are in the box already.
+    void close(CGPoint, CGPoint) {}
+    void leaveOpen(CGPoint, CGPoint) {}
 
     const Bounds& bounds() const { return box; }
 
 private:
-    struct Cubic {
-        CGPoint p1;
-        const CGPoint* others;
-    };
-
-    Bounds settled(Bounds gathered) {
-        for (const auto& [p1, others] : std::span(waiting).first(waitingCount))
-            extendByCubic(gathered, p1, others[0], others[1], others[2]);
-        waitingCount = 0;
-        return gathered;
-    }
-
     Bounds box;
-    std::size_t waitingCount = 0;
-    std::array<Cubic, 64> waiting;
 };
 
 }  // namespace

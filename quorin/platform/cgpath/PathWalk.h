@@ -19,8 +19,8 @@ constexpr std::size_t pointCount(CGPathElementType type) {
 ///
 /// `begin(p1)` announces each subpath that draws something. `lines(p1, points)`, `quadratics` and
 /// `cubics` bring one or more of their kind in a row, from `p1` on, with one, two or three points
-/// each; the line of a close is among the lines. `leaveOpen(p2, p1)` ends a subpath that is not
-/// closed, since filling closes it.
+/// each. The subpath ends with `close(p2, p1)`, or with `leaveOpen(p2, p1)` where nothing is drawn
+/// between the two but filling closes it.
 template <typename Sink>
 void walk(std::span<const CGPathElementType> types, const CGPoint* next, Sink& sink) {
     CGPoint start, current;
@@ -42,7 +42,7 @@ void walk(std::span<const CGPathElementType> types, const CGPoint* next, Sink& s
             sink.begin(start);
         isDrawing = true;
         if (kind == CGPathElementType::closeSubpath) {
-            sink.lines(current, {&start, 1});
+            sink.close(current, start);
             current = start;
             isDrawing = false;
             ++type;

@@ -165,12 +165,24 @@ TEST(ArcByTangents, roundsARightAngleWithAQuarterCircle) {
 }
 
 TEST(ArcByTangents, needsNoLineWhenItStartsAtTheCurrentPoint) {
-    CGMutablePath path;
-    path.moveTo({6, 0});
-    path.addArcToPoint({10, 0}, {10, 10}, 4);
-    const auto elements = elementsOf(*path.take());
-    ASSERT_EQ(elements.size(), 2u);
-    EXPECT_EQ(elements[1].type, CGPathElementType::addCurveToPoint);
+    struct Row {
+        const char* says;
+        CGPoint start, tangent1, tangent2;
+        CGFloat radius;
+    };
+    const Row table[] = {
+        {"exactly", {6, 0}, {10, 0}, {10, 10}, 4},
+        {"but for rounding: 0.7 - 0.5 is less than 0.2", {0.2, 0.1}, {0.7, 0.1}, {0.7, 3}, 0.5},
+    };
+    for (const auto& [says, start, tangent1, tangent2, radius] : table) {
+        SCOPED_TRACE(says);
+        CGMutablePath path;
+        path.moveTo(start);
+        path.addArcToPoint(tangent1, tangent2, radius);
+        const auto elements = elementsOf(*path.take());
+        ASSERT_EQ(elements.size(), 2u);
+        EXPECT_EQ(elements[1].type, CGPathElementType::addCurveToPoint);
+    }
 }
 
 TEST(ArcByTangents, isAPlainLineWhereThereIsNoArc) {

@@ -133,8 +133,8 @@ std::shared_ptr<const CGPath> RandomOutlines::path(int elements) {
             path.addRect(CGRectMake(0, 0, 1e5, 1e5));
             break;
         case OutlineKind::farAway:
-            addRing(path, elements, {1e9, -1e9}, 1e-5, 1);
-            addRing(path, elements, {1e9, -1e9}, 50, 3);
+            addRing(path, elements, {1e12, -1e12}, 0.1, 1);
+            addRing(path, elements, {1e12, -1e12}, 50, 3);
             break;
         case OutlineKind::degenerate:
             addWholeNumbers(path, elements, 1);

@@ -19,7 +19,7 @@ enum class OutlineKind {
     wholeNumbers,  // small whole coordinates: ends, turns and points at the same heights
     mixed,         // lines, quadratics and cubics, several subpaths, some open, moves of no effect
     detail,        // a tiny blob within a large frame
-    farAway,       // around 1e9, where doubles are coarser than the reach of the outline
+    farAway,       // around 1e12, where doubles are coarser than the reach of the outline
     degenerate,    // points, folds and lines on themselves
 };
 
