@@ -24,7 +24,7 @@ public:
         for (std::size_t index = 0; index < points.size(); index += 2) {
             const CGPoint c = points[index], p2 = points[index + 1];
             add(OutlineCurve::quadratic(p1, c, p2), turnTimes(p1, c, p2),
-                ControlHull::of(p1, c, p2), p2);
+                ControlExtent::of(p1, c, p2), p2);
             p1 = p2;
         }
     }
@@ -33,7 +33,7 @@ public:
         for (std::size_t index = 0; index < points.size(); index += 3) {
             const CGPoint c1 = points[index], c2 = points[index + 1], p2 = points[index + 2];
             add(OutlineCurve::cubic(p1, c1, c2, p2), turnTimes(p1, c1, c2, p2),
-                ControlHull::of(p1, c1, c2, p2), p2);
+                ControlExtent::of(p1, c1, c2, p2), p2);
             p1 = p2;
         }
     }
@@ -49,9 +49,9 @@ private:
         outline.curves.push_back(OutlineCurve::line(p1, p2));
     }
 
-    void add(const OutlineCurve& curve, const TurnTimes& turns, const ControlHull& hull,
+    void add(const OutlineCurve& curve, const TurnTimes& turns, const ControlExtent& extent,
              CGPoint end) {
-        forEachMonotonePiece(curve, turns, hull, end, [&](const MonotonePiece& piece) {
+        forEachMonotonePiece(curve, turns, extent, end, [&](const MonotonePiece& piece) {
             outline.pieces.push_back({piece, nextCurve()});
         });
         outline.curves.push_back(curve);

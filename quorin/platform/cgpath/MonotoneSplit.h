@@ -12,15 +12,15 @@
 namespace quorin {
 
 /// The upright box of a curve's points, which holds the curve.
-struct ControlHull {
+struct ControlExtent {
     PointLanes min, max;
 
     template <typename... Others>
-    static ControlHull of(CGPoint p1, Others... others) {
-        ControlHull hull{lanesOf(p1), lanesOf(p1)};
-        ((hull.min = lesser(lanesOf(others), hull.min)), ...);
-        ((hull.max = greater(lanesOf(others), hull.max)), ...);
-        return hull;
+    static ControlExtent of(CGPoint p1, Others... others) {
+        ControlExtent extent{lanesOf(p1), lanesOf(p1)};
+        ((extent.min = lesser(lanesOf(others), extent.min)), ...);
+        ((extent.max = greater(lanesOf(others), extent.max)), ...);
+        return extent;
     }
 
     CGPoint clamped(CGPoint point) const {
@@ -29,10 +29,10 @@ struct ControlHull {
 };
 
 /// Calls `body` with the stretches of a curve between its turns in x and in y, in order, the last
-/// up to `end`. Neighbours share an end, bit for bit, and no end leaves the hull.
+/// up to `end`. Neighbours share an end, bit for bit, and no end leaves the extent.
 template <typename Body>
 void forEachMonotonePiece(const OutlineCurve& curve, const TurnTimes& turns,
-                          const ControlHull& hull, CGPoint end, Body&& body) {
+                          const ControlExtent& extent, CGPoint end, Body&& body) {
     std::array<CGFloat, 4> times;
     std::size_t count = 0;
     for (const CGFloat turn : {turns.first[0], turns.first[1], turns.second[0], turns.second[1]}) {
@@ -47,7 +47,7 @@ void forEachMonotonePiece(const OutlineCurve& curve, const TurnTimes& turns,
     CGFloat time = 0;
     CGPoint place = curve.start;
     for (std::size_t index = 0; index < count; ++index) {
-        const CGPoint turn = hull.clamped(curve.start + curve.wayTo(times[index]));
+        const CGPoint turn = extent.clamped(curve.start + curve.wayTo(times[index]));
         body(MonotonePiece{time, times[index], place, turn});
         time = times[index];
         place = turn;

@@ -47,9 +47,9 @@ public:
     void quadratics(CGPoint p1, std::span<const CGPoint> points) {
         for (std::size_t index = 0; index < points.size(); index += 2) {
             const CGPoint c = points[index], p2 = points[index + 1];
-            const ControlHull hull = ControlHull::of(p1, c, p2);
-            if (isInReach(hull, p1, p2))
-                add(OutlineCurve::quadratic(p1, c, p2), turnTimes(p1, c, p2), hull, p2);
+            const ControlExtent extent = ControlExtent::of(p1, c, p2);
+            if (isInReach(extent, p1, p2))
+                add(OutlineCurve::quadratic(p1, c, p2), turnTimes(p1, c, p2), extent, p2);
             p1 = p2;
         }
     }
@@ -57,9 +57,9 @@ public:
     void cubics(CGPoint p1, std::span<const CGPoint> points) {
         for (std::size_t index = 0; index < points.size(); index += 3) {
             const CGPoint c1 = points[index], c2 = points[index + 1], p2 = points[index + 2];
-            const ControlHull hull = ControlHull::of(p1, c1, c2, p2);
-            if (isInReach(hull, p1, p2) && !addAsChord(hull, p1, c1, c2, p2))
-                add(OutlineCurve::cubic(p1, c1, c2, p2), turnTimes(p1, c1, c2, p2), hull, p2);
+            const ControlExtent extent = ControlExtent::of(p1, c1, c2, p2);
+            if (isInReach(extent, p1, p2) && !addAsChord(extent, p1, c1, c2, p2))
+                add(OutlineCurve::cubic(p1, c1, c2, p2), turnTimes(p1, c1, c2, p2), extent, p2);
             p1 = p2;
         }
     }
@@ -70,9 +70,9 @@ public:
 private:
     /// Most curves are far from the point, and their ends say all: one wholly to the left of it is
     /// crossed, on balance, as often as its ends lie on different sides of the point's height.
-    bool isInReach(const ControlHull& hull, CGPoint p1, CGPoint p2) {
+    bool isInReach(const ControlExtent& extent, CGPoint p1, CGPoint p2) {
         constexpr PointLanes reach{scalar::windingEpsilon, scalar::windingEpsilon};
-        const PointLanes low = hull.min - reach, high = hull.max + reach;
+        const PointLanes low = extent.min - reach, high = extent.max + reach;
         if (point.y < low[1] || point.y > high[1] || point.x < low[0])
             return false;
         if (point.x <= high[0])
@@ -82,15 +82,15 @@ private:
     }
 
     void addLine(CGPoint p1, CGPoint p2) {
-        if (isInReach(ControlHull::of(p1, p2), p1, p2))
+        if (isInReach(ControlExtent::of(p1, p2), p1, p2))
             add({0, 1, p1, p2}, OutlineCurve::line(p1, p2));
     }
 
     /// Seen from outside the convex hull of its controls, a curve looks like its chord: between
     /// the two there is only the hull.
-    bool addAsChord(const ControlHull& hull, CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2) {
-        const PointLanes size = hull.max - hull.min;
-        const PointLanes largest = greater(hull.max, -hull.min);
+    bool addAsChord(const ControlExtent& extent, CGPoint p1, CGPoint c1, CGPoint c2, CGPoint p2) {
+        const PointLanes size = extent.max - extent.min;
+        const PointLanes largest = greater(extent.max, -extent.min);
         const CGFloat slack = (size[0] + size[1]) *
                               (2 * scalar::windingEpsilon + (largest[0] + largest[1]) * 0x1p-44);
         const View view{p1 - point, c1 - point, c2 - point, p2 - point};
@@ -102,9 +102,9 @@ private:
         return true;
     }
 
-    void add(const OutlineCurve& curve, const TurnTimes& turns, const ControlHull& hull,
+    void add(const OutlineCurve& curve, const TurnTimes& turns, const ControlExtent& extent,
              CGPoint end) {
-        forEachMonotonePiece(curve, turns, hull, end,
+        forEachMonotonePiece(curve, turns, extent, end,
                              [&](const MonotonePiece& piece) { add(piece, curve); });
     }
 

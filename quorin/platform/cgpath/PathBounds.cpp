@@ -31,7 +31,7 @@ public:
     // of those before them, whose extrema then need no computing; an outline that wanders outwards
     // would otherwise pay for nearly every curve.
     void cubics(CGPoint p1, std::span<const CGPoint> points) {
-        constexpr std::size_t stretch = 3 * 256;
+        constexpr std::size_t stretch = 768;  // three points each
         while (!points.empty()) {
             const auto part = points.first(std::min(stretch, points.size()));
             Bounds gathered = box;  // kept in registers, which a member would not be

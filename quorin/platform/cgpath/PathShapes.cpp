@@ -50,9 +50,9 @@ void CGMutablePath::addArcToPoint(CGPoint tangent1, CGPoint tangent2, CGFloat ra
     const CGPoint out = sine > 0 ? CGPoint{-along.y, along.x} : CGPoint{along.y, -along.x};
     const Arc arc{first - out, out, along};
     const CGFloat sweep = std::numbers::pi - std::atan2(std::abs(sine), cosine);
-    const CGFloat pieces = std::ceil(sweep / scalar::halfPi);
+    const int pieces = static_cast<int>(std::ceil(sweep / scalar::halfPi));
     const CGFloat handle = 4.0 / 3 * std::tan(sweep / pieces / 4);
-    for (CGFloat piece = 0; piece < pieces; ++piece) {
+    for (int piece = 0; piece < pieces; ++piece) {
         const CGFloat from = sweep * piece / pieces;
         const CGFloat to = sweep * (piece + 1) / pieces;
         addCurveTo(piece + 1 < pieces ? arc.at(to) : last,
