@@ -1,7 +1,5 @@
 #include "apps/quorin/Console.h"
 
-#include <fcntl.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -32,14 +30,6 @@ void complain(std::string_view message) {
     std::string line = "quorin: ";
     line.append(oneLine(message)).append("\n");
     std::fwrite(line.data(), 1, line.size(), stderr);
-}
-
-void openStandardStreams() {
-    for (const int stream : {0, 1, 2})
-        if (fcntl(stream, F_GETFD) < 0 && errno == EBADF)
-            // The lowest free number is taken, which is this one. Reading only, even for output:
-            // what is printed still fails, and is reported.
-            (void)open("/dev/null", O_RDONLY);
 }
 
 bool finishOutput() {

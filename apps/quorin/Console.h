@@ -11,10 +11,6 @@ void print(std::string_view text);
 /// Sends "quorin: `message`" to standard error, in one line whatever a file or an id is called.
 void complain(std::string_view message);
 
-/// Opens those of the three standard streams that the program was started without. Otherwise the
-/// next file to be opened would take the number of one, and messages would end up in it.
-void openStandardStreams();
-
 /// Sends off what is still held back. Answers false, and says why on standard error, when standard
 /// output did not take everything, for example on a full disk.
 bool finishOutput();

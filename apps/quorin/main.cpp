@@ -56,7 +56,7 @@ void describe(CLI::App& program) {
     addSheetCommand(program);
 }
 
-int run(int argumentCount, char** arguments) {
+int obey(int argumentCount, char** arguments) {
     CLI::App program("Looks into vector drawings, converts, paints and hit-tests them.", "quorin");
     describe(program);
     try {
@@ -66,6 +66,14 @@ int run(int argumentCount, char** arguments) {
         return error.get_exit_code();  // a command has said already what is wrong
     } catch (const CLI::ParseError& error) {
         return program.exit(error) == 0 ? wentWell : badUsage;
+    }
+}
+
+int run(int argumentCount, char** arguments) {
+    try {
+        const int code = obey(argumentCount, arguments);
+        const bool isPrinted = finishOutput();
+        return code == wentWell && !isPrinted ? badInput : code;
     } catch (const std::bad_alloc&) {
         complain("not enough memory");
     } catch (const std::exception& error) {
@@ -78,9 +86,4 @@ int run(int argumentCount, char** arguments) {
 
 }  // namespace quorin::app
 
-int main(int argumentCount, char** arguments) {
-    quorin::app::openStandardStreams();
-    const int code = quorin::app::run(argumentCount, arguments);
-    const bool isPrinted = quorin::app::finishOutput();
-    return code == 0 && !isPrinted ? 1 : code;
-}
+int main(int argumentCount, char** arguments) { return quorin::app::run(argumentCount, arguments); }

@@ -8,16 +8,12 @@ namespace quorin {
 namespace {
 
 using test::ProgramRun;
-using test::RefusedInput;
 using test::RefusedUsage;
 using test::runQuorin;
 using test::runQuorinAfter;
 using test::TemporaryFolder;
 using test::WentWell;
-using testing::AllOf;
-using testing::EndsWith;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 TEST(CommandLine, helpsWithEveryCommandAndExamples) {
@@ -120,16 +116,6 @@ TEST(CommandLine, reportsAPipeThatIsClosed) {
         {"info", file});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(run.errors, "quorin: standard output: Broken pipe\n");
-}
-
-TEST(CommandLine, keepsMessagesOutOfFilesWhenStandardStreamsAreClosed) {
-    const TemporaryFolder folder;
-    const std::string file =
-        folder.file("a.svg", "<svg xmlns='http://www.w3.org/2000/svg'><text/></svg>");
-    const std::string output = folder / "b.svg", expected = folder / "c.svg";
-    EXPECT_EQ(runQuorin({"convert", file, expected}).exitCode, 0);
-    EXPECT_EQ(runQuorinAfter("exec <&- >&- 2>&-", {"convert", file, output}).exitCode, 0);
-    EXPECT_EQ(test::contents(output), test::contents(expected));
 }
 
 }  // namespace

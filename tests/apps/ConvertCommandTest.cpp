@@ -93,6 +93,12 @@ TEST_F(ConvertCommand, writesNothingUnderANameOfAnotherForm) {
     EXPECT_EQ(folder.count(), 1);
 }
 
+TEST_F(ConvertCommand, looksAtTheNameOfTheOutputBeforeItReads) {
+    const std::string output = folder / "a.png";
+    EXPECT_THAT(runQuorin({"convert", folder / "missing.svg", output}).errors,
+                StartsWith("quorin: " + output + ": "));
+}
+
 TEST_F(ConvertCommand, namesTheOutputThatCannotBeWritten) {
     const std::string missing = folder / "missing/a.json";
     EXPECT_THAT(runQuorin({"convert", file, missing}), RefusedInput(missing + ": no such folder"));

@@ -11,12 +11,10 @@ namespace quorin {
 namespace {
 
 using test::ProgramRun;
-using test::RefusedInput;
 using test::runQuorin;
 using test::TemporaryFolder;
 using test::WentWell;
 using testing::AllOf;
-using testing::Each;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -149,6 +147,17 @@ TEST(InfoCommand, printsExactNumbersAsJson) {
             EXPECT_EQ(path.decodeNumber("length"), 0.4 - 0.1);
         });
     });
+}
+
+TEST(InfoCommand, leavesOutTheBoxOfNothing) {
+    const TemporaryFolder folder;
+    const std::string file =
+        folder.file("a.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='3' height='4'/>");
+    JSONDecoder().decodeRecords(runQuorin({"info", "--json", file}).output,
+                                [](Decoder& record, std::size_t) {
+                                    EXPECT_FALSE(record.contains("boundingBox"));
+                                    EXPECT_EQ(record.decodeNumber("length"), 0);
+                                });
 }
 
 TEST(InfoCommand, tellsProgramsOfWarningsAndErrorsInTheJson) {

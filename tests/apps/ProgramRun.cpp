@@ -14,20 +14,6 @@
 namespace quorin::test {
 namespace {
 
-/// An empty file that is open for writing.
-class OutputFile {
-public:
-    explicit OutputFile(std::string name)
-        : path(std::move(name)),
-          descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600)) {}
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
-    ~OutputFile() { close(descriptor); }
-
-    const std::string path;
-    const int descriptor;
-};
-
 ProgramRun run(const std::vector<std::string>& words) {
     const TemporaryFolder folder;
     const OutputFile output(folder / "output"), errors(folder / "errors");
@@ -36,6 +22,11 @@ ProgramRun run(const std::vector<std::string>& words) {
 }
 
 }  // namespace
+
+OutputFile::OutputFile(std::string name)
+    : path(std::move(name)), descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600)) {}
+
+OutputFile::~OutputFile() { close(descriptor); }
 
 RunningProgram::RunningProgram(const std::vector<std::string>& words, int output, int errors) {
     posix_spawn_file_actions_t actions;

@@ -16,6 +16,18 @@ struct ProgramRun {
     std::string output, errors;
 };
 
+/// An empty file that is open for writing.
+class OutputFile {
+public:
+    explicit OutputFile(std::string name);
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile();
+
+    const std::string path;
+    const int descriptor;
+};
+
 /// The quorin program at work. Its outputs go to two open descriptors.
 class RunningProgram {
 public:

@@ -1,11 +1,12 @@
-#include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <fstream>
+#include <thread>
 #include <utility>
 
 #include "tests/TestSupport.h"
@@ -58,23 +59,39 @@ private:
     std::string written;
 };
 
-TEST(Progress, isShownOnATerminalWhileWorkTakesLongAndWipedAfterwards) {
+class Progress : public testing::Test {
+protected:
+    Progress() { EXPECT_EQ(mkfifo(slow.c_str(), 0600), 0); }
+
+    /// Lets the program read on.
+    void release() const { std::ofstream(slow) << test::sampleSvg; }
+
     const TemporaryFolder folder;
     const std::string quick = folder.file("quick.svg", test::sampleSvg);
-    // A drawing that takes as long to read as this test wants.
+    /// A drawing that takes as long to read as a test wants.
     const std::string slow = folder / "slow.svg";
-    ASSERT_EQ(mkfifo(slow.c_str(), 0600), 0);
+    const test::OutputFile output{folder / "output"};
+};
 
+TEST_F(Progress, isShownOnATerminalWhileWorkTakesLongAndWipedAfterwards) {
     Terminal terminal;
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    RunningProgram program({test::quorinProgram, "info", slow, quick}, nowhere, terminal.line());
+    RunningProgram program({test::quorinProgram, "info", slow, quick}, output.descriptor,
+                           terminal.line());
     terminal.hangUp();
     EXPECT_THAT(terminal.readUntil("reading 1 of 2"), HasSubstr("\rreading 1 of 2"));
-
-    std::ofstream(slow) << test::sampleSvg;
+    release();
     EXPECT_THAT(terminal.readToTheEnd(), EndsWith("\r\x1b[K"));
     EXPECT_EQ(program.waitForExit(), 0);
-    close(nowhere);
+}
+
+TEST_F(Progress, staysOutOfFiles) {
+    const test::OutputFile errors(folder / "errors");
+    RunningProgram program({test::quorinProgram, "info", slow, quick}, output.descriptor,
+                           errors.descriptor);
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));  // longer than a terminal waits
+    release();
+    EXPECT_EQ(program.waitForExit(), 0);
+    EXPECT_EQ(test::contents(errors.path), "");
 }
 
 }  // namespace

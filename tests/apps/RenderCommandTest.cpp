@@ -200,6 +200,9 @@ TEST_F(RenderCommand, writesPicturesUnderNamesOfPicturesOnly) {
                     RefusedInput(other + ": the name of a picture to write must end in .png"));
     }
     EXPECT_EQ(contents(file), test::sampleSvg);
+    // Before anything is read.
+    EXPECT_THAT(runQuorin({"render", folder / "missing.svg", file}).errors,
+                testing::StartsWith("quorin: " + file + ": "));
 }
 
 TEST_F(RenderCommand, leavesTheOldPictureWhenTheNewOneDoesNotFit) {

@@ -118,8 +118,10 @@ TEST_F(SheetCommand, refusesCountsThatAreNone) {
 
 TEST_F(SheetCommand, writesPicturesUnderNamesOfPicturesOnly) {
     const std::string file = square("red");
-    EXPECT_THAT(runQuorin({"sheet", file, file}),
-                RefusedInput(file + ": the name of a picture to write must end in .png"));
+    // Before anything is read.
+    for (const std::string& drawing : {file, folder / "missing.svg"})
+        EXPECT_THAT(runQuorin({"sheet", file, drawing}),
+                    RefusedInput(file + ": the name of a picture to write must end in .png"));
 }
 
 }  // namespace
