@@ -7,7 +7,7 @@
 #include <string>
 
 #include "quorin/platform/drawing/CGImage.h"
-#include "quorin/svg/reading/SvgColor.h"
+#include "quorin/svg/SvgColor.h"
 
 namespace quorin::app {
 

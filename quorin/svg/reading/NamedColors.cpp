@@ -1,10 +1,10 @@
+#include "quorin/svg/reading/NamedColors.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-
-#include "quorin/svg/reading/SvgColor.h"
 
 namespace quorin {
 namespace {

@@ -4,7 +4,7 @@
 #include <array>
 #include <optional>
 
-#include "quorin/svg/reading/SvgColor.h"
+#include "quorin/svg/SvgColor.h"
 #include "quorin/svg/reading/SvgScanner.h"
 #include "quorin/svg/reading/SvgTransform.h"
 

@@ -1,7 +1,8 @@
-#include "quorin/svg/reading/SvgColor.h"
+#include "quorin/svg/SvgColor.h"
 
 #include <string>
 
+#include "quorin/svg/reading/NamedColors.h"
 #include "tests/TestSupport.h"
 
 namespace quorin {

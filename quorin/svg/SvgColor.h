@@ -7,9 +7,6 @@
 
 namespace quorin {
 
-/// The colour that CSS gives a name, written in any case; nothing for an unknown name.
-std::optional<DrawingColor> namedColor(std::string_view name);
-
 /// A colour in one of CSS's forms: #rgb, #rgba, #rrggbb, #rrggbbaa, rgb(), rgba(), hsl(), hsla(),
 /// a name, or transparent. Red, green and blue are rounded to whole 255ths, as they are in every
 /// browser; alpha is not. An ICC colour behind it is passed over.

@@ -1,10 +1,11 @@
-#include "quorin/svg/reading/SvgColor.h"
+#include "quorin/svg/SvgColor.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
 
+#include "quorin/svg/reading/NamedColors.h"
 #include "quorin/svg/reading/SvgScanner.h"
 
 namespace quorin {
