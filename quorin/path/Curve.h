@@ -93,6 +93,10 @@ public:
     /// The tight box, kept until a setter changes the curve.
     CGRect bounds() const;
 
+    /// The largest arc length that a rounded corner at one end may consume: half the curve, or the
+    /// stretch, to 0.1 points, before it has turned by 6.35 degrees.
+    CGFloat safeCornerRadius(bool fromBeginning) const;
+
     bool isStraight() const { return _cubic.isStraight(); }
     bool isLinear() const { return _cubic.isLinear(); }
 

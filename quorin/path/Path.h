@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <span>
@@ -18,6 +19,8 @@ namespace quorin {
 
 class Decoder;
 class Encoder;
+struct Vector3;
+class Value;
 
 /// One contour of Bézier anchors, open or closed, that an editor works on. Has identity and is
 /// held by `std::shared_ptr`.
@@ -52,6 +55,22 @@ public:
     /// become cubics with both controls at (2q + p0)/3. There is one contour: a second move does
     /// nothing.
     static std::shared_ptr<Path> create(std::shared_ptr<const CGPath> cg);
+    /// A path read from the older dictionary form, turned about the middle of `frame` and moved to
+    /// the origin when it is turned. Entries that are missing or of another type keep their
+    /// defaults; anything but a map gives the empty open path.
+    static std::shared_ptr<Path> create(const Value& with, const CGRect& frame);
+
+    /// Closed, from the origin along the width; a negative size mirrors the order of the corners.
+    static std::shared_ptr<Path> rectangle(const CGRect& with);
+    /// Closed, four mirrored anchors from the left-most one through the smallest y. The curves
+    /// leave the true ellipse by at most 2.8e-4 of its half sizes.
+    static std::shared_ptr<Path> ellipse(const CGRect& rectangle);
+    /// Closed, 2 · `numPoints` sharp corners in turn at `radius1` and `radius2`, from the one at
+    /// the smallest y on towards +x. A negative number is a programming error.
+    static std::shared_ptr<Path> star(CGPoint center, std::ptrdiff_t numPoints, CGFloat radius1,
+                                      CGFloat radius2);
+    /// Open, two anchors.
+    static std::shared_ptr<Path> line(CGPoint from, CGPoint to);
 
     bool isClosed() const { return _isClosed; }
     /// Stores the flag and nothing else: who toggles it drops the cached platform path too.
@@ -88,6 +107,33 @@ public:
     /// In an open path the first in-handle leads to the origin and the last out-handle repeats
     /// the in-handle.
     void setCurves(std::span<const Curve> curves);
+
+    /// Sets the first four anchors to the corners of `rect`, as `rectangle` orders them; handles,
+    /// behaviours and radii stay. Fewer than four segments are a programming error.
+    void setBounds(const CGRect& rect);
+    /// Multiplies anchors and handles by x and y; corner radii stay as they are.
+    void scale(const Vector3& v);
+    std::shared_ptr<Path> scaled(const Vector3& v) const;
+    void moveBy(CGPoint delta);
+    std::shared_ptr<Path> offsetBy(CGPoint delta) const;
+    /// Runs the other way: the first anchor becomes the last.
+    void reverse();
+    std::shared_ptr<Path> reversed() const;
+    /// Adds an anchor at a place on the path and answers its index; 0 when the place is on none of
+    /// the curves. Rebuilds all segments through `setCurves`, so radii are lost and behaviours
+    /// inferred anew.
+    std::ptrdiff_t insertSegmentAt(const CurveLocation& location);
+    /// Gives the other path as many segments as this one has: cuts its last ones off, or appends
+    /// copies of this path's.
+    void adjustPathSegments(Path& adjustingPath) const;
+
+    /// The path as it is drawn: each straight anchor with a radius becomes an arc of that radius in
+    /// whole points, or of what fits.
+    std::shared_ptr<Path> roundedCornerPath() const;
+    /// The stretch between two fractions of the length, open; from 0 to 1 this path itself. Empty
+    /// when `to` is not beyond `from`.
+    std::shared_ptr<Path> partialPath(CGFloat from, CGFloat to);
+    std::shared_ptr<const Path> partialPath(CGFloat from, CGFloat to) const;
 
     /// Calls `body` with each pair of consecutive segments until it answers true; then answers
     /// true. In a closed path the last and first segment come last.
