@@ -41,6 +41,18 @@ TEST_P(ControlBoxOfKind, isNeverBeyondThePlacesOfItsCurve) {
 INSTANTIATE_TEST_SUITE_P(Curves, ControlBoxOfKind, ::testing::ValuesIn(test::allCurveKinds),
                          [](const auto& kind) { return nameOf(kind.param); });
 
+TEST(ControlBox, holdsACurveWhoseHandlesAreLeftOutInEvaluation) {
+    RandomCurves random(CurveKind::anywhere);
+    for (int i = 0; i < 2000; ++i) {
+        const auto within = [&random](CGFloat size) {
+            return CGPoint{random.between(-size, size), random.between(-size, size)};
+        };
+        const CubicBezier curve{within(1e-4), within(9e-13), within(1e-5), within(1e-4)};
+        const CGPoint on = *curve.pointAt(random.wholeBetween(0, 64) / 64.0);
+        EXPECT_FALSE(ControlBox::of(curve).isBeyond(on, 0, 5));
+    }
+}
+
 TEST(ControlBox, isNothingFromWithin) {
     EXPECT_EQ(arch.squaredDistance({5, 9}), 0);
     EXPECT_EQ(arch.squaredDistance({10, 10}), 0);

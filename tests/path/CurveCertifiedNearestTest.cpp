@@ -128,6 +128,16 @@ TEST(CertifiedNearest, isFoundForPointsOnTheCurve) {
     }
 }
 
+TEST(CertifiedNearest, isFoundAmidAnchorsThatAreFarther) {
+    // The anchors are on one side, the controls on opposite sides: bounds drawn from the anchors
+    // alone would stop at one of them.
+    expectNearest({{-1, 2}, {-2, 0}, {2, -4}, {1, 3}}, {-1, 0}, {1e-12});
+    expectNearest({{-1, -1}, {0, -1}, {1, 3}, {-3, 0}}, {2, 2}, {1e-12});
+    expectNearest({{-2, 2}, {5, 1}, {-1, -1}, {-1, -2}}, {2, -3}, {1e-12});
+    expectNearest({{1, -1}, {1, -1}, {-5, 0}, {2, 2}}, {-1, -3}, {1e-12});
+    expectNearest({{3, -3}, {-5, 1}, {1, 1}, {1, 0}}, {-1, 1}, {1e-12});
+}
+
 TEST(CertifiedNearest, isFoundAtACusp) {
     const CubicBezier cusp = cubic({0, 0}, {100, 100}, {0, 100}, {100, 0});
     EXPECT_NEAR(cusp.nearest({50, 75}, 1e-12).time, 0.5, 1e-6);

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <limits>
 
 #include "quorin/path/Curve.h"
@@ -101,6 +102,19 @@ TEST(CurveDivision, turnsThisCurveIntoTheFirstPart) {
     EXPECT_NE(curve.bounds(), bounds);
     EXPECT_EQ(rest->index(), std::nullopt);
     EXPECT_EQ(rest->path(), nullptr);
+}
+
+RC_GTEST_PROP(CurveDivision, leavesTheLengthAsItWas, ()) {
+    const auto coordinate = rc::gen::inRange(-1000, 1001);
+    const auto point = [&coordinate] {
+        return CGPoint{CGFloat(*coordinate), CGFloat(*coordinate)};
+    };
+    const PathCurve whole(point(), point(), point(), point());
+    PathCurve first = whole;
+    const auto second = first.divideAt(*rc::gen::inRange(1, 1000) / 1000.0);
+    RC_ASSERT(second.has_value());
+    const CGFloat sum = first.length(1e-6).length + second->length(1e-6).length;
+    RC_ASSERT(std::abs(sum - whole.length(1e-6).length) < 3e-6);
 }
 
 TEST(CurveDivision, keepsAwayFromTheEnds) {

@@ -73,7 +73,7 @@ TEST_P(CurveMeasuredLengthOfKind, isAsAccurateForAStretch) {
         const CGFloat size = static_cast<CGFloat>(truth.polygonLength());
         const CGFloat from = random.between(0, 1), to = random.between(from, 1);
         const CGFloat expected = static_cast<CGFloat>(truth.lengthBetween(from, to));
-        for (const CGFloat accuracy : {1e-3 * size, 1e-8 * size}) {
+        for (const CGFloat accuracy : {1e-3 * size, 1e-8 * size, 1e-15 * size}) {
             const auto [length, reached] = curve.lengthBetween(from, to, accuracy);
             EXPECT_NEAR(length, expected, std::max(accuracy, reached) + 1e-15 * size)
                 << PathCurve(curve).description() << " from " << from << " to " << to;

@@ -92,6 +92,8 @@ TEST(CurveOverlap, skipsAPairNearTheOneFound) {
     // A loop meets its own start at both ends: both pairs are the same place.
     const CubicBezier loop{{0, 0}, {10, 0}, {0, 10}, {0, 0}};
     EXPECT_EQ(loop.overlap(loop), std::nullopt);
+    // Both ends of a point lie at one time of the line, though at different times of the point.
+    EXPECT_EQ(line({0, 0}, {10, 0}).overlap(line({5, 0}, {5, 0})), std::nullopt);
 }
 
 TEST(CurveOverlap, ofLinesWantsThemOnOneLine) {

@@ -147,6 +147,11 @@ TEST(CurveTimeOf, isTheEndForAPointWithinEpsilonOfAnAnchor) {
     EXPECT_EQ(arch.timeOf({10, -0.9e-12}), PathCurve::Time::end);
     const PathCurve loop({0, 0}, {10, 0}, {0, 10}, {0, 0});
     EXPECT_EQ(loop.timeOf({0, 0}), PathCurve::Time::start) << "the start is asked first";
+
+    // Where its time would be told from that of the anchor, were it searched for.
+    const PathCurve oblique({0, 0}, {3, 4}, {-3, -4}, {9, 12});
+    EXPECT_EQ(oblique.timeOf({0.6 * 0.9e-12, 0.8 * 0.9e-12}), PathCurve::Time::start);
+    EXPECT_GT(oblique.timeOf({0.6 * 1.1e-12, 0.8 * 1.1e-12})->rawValue, 0) << "strictly within";
 }
 
 TEST(CurveTimeOf, findsPointsWithinGeometricEpsilon) {
@@ -216,6 +221,13 @@ TEST(CurveTimeOf, findsEveryPointOfTheCurve) {
         ASSERT_TRUE(time) << PathCurve(curve).description();
         EXPECT_LT(distance(*curve.pointAt(*time), point), 1e-7);
     }
+}
+
+TEST(CurveTimeOf, findsPointsBesideTheControlHull) {
+    EXPECT_NEAR(line.timeOf({5, 0.99e-7})->rawValue, 0.5, 1e-12);
+    EXPECT_NEAR(line.timeOf({5, -0.99e-7})->rawValue, 0.5, 1e-12);
+    EXPECT_EQ(line.timeOf({5, 1.01e-7}), std::nullopt);
+    EXPECT_EQ(line.timeOf({10 + 0.99e-7, 0}), std::nullopt) << "where no root leads";
 }
 
 TEST(CurveTimeOf, findsPointsOfUprightAndLevelLines) {

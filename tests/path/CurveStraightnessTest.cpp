@@ -42,6 +42,7 @@ TEST(CurveStraightness, isNeverGivenToALoopOfHandles) {
     expectStraightness({
         {"out and back on one line", {{0, 0}, {5, 0}, {5, 0}, {0, 0}}, false},
         {"ends apart by less than epsilon", {{0, 0}, {5e-13, 0}, {-2e-12, 0}, {9e-13, 0}}, false},
+        {"beside its ends", {{0, 0}, {4e-13, 5e-8}, {}, {9e-13, 0}}, false},
         {"a handle at epsilon", {{0, 0}, {1e-12, 0}, {}, {0, 0}}, false},
     });
 }

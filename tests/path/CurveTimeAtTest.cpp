@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 #include "quorin/geometry/Quadrature.h"
 #include "quorin/geometry/RootFinding.h"
@@ -139,6 +141,18 @@ TEST(CurveTimeAt, staysInsideOnHardCurves) {
             }
         }
     }
+}
+
+RC_GTEST_PROP(CurveTimeAt, comesBackToTheOffsetItWasAskedFor, ()) {
+    const auto degrees = rc::gen::inRange(1, 91);
+    const CGFloat angle = *degrees * std::numbers::pi / 180;
+    const CGFloat radius = *rc::gen::inRange(1, 1000);
+    const CGFloat bend = 4.0 / 3 * std::tan(angle / 4) * radius;
+    const CGPoint end{radius * std::cos(angle), radius * std::sin(angle)};
+    const PathCurve arc({radius, 0}, {0, bend}, bend / radius * CGPoint{end.y, -end.x}, end);
+    const CGFloat offset = *rc::gen::inRange(-1000, 1001) / 1000.0 * arc.length();
+    const CGFloat walked = arc.offsetAt(timeOf(arc, offset)).rawValue;
+    RC_ASSERT(std::abs(walked - (offset < 0 ? arc.length() + offset : offset)) < 1e-8 * radius);
 }
 
 /// One step after another: what has been walked is kept, and only the rest integrated anew.

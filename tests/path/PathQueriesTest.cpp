@@ -135,6 +135,18 @@ TEST(PathNearest, takesTheEarlierOfTwoEquallyNearCurves) {
     EXPECT_EQ(atStart->time(), PathCurve::Time::start);
 }
 
+TEST(PathNearest, seesThatALaterCurveIsNearerByAHair) {
+    const CGFloat hair = 1e-9;
+    const auto path = polyline({{50, 1},
+                                {0, 1},
+                                {0, 200},
+                                {-100, 200},
+                                {-100, hair - 1},  //
+                                {100, hair - 1}});
+    EXPECT_EQ(path->nearestCurveLocation({0, 0}, 0, 5)->curve().index(), 4);
+    EXPECT_EQ(path->nearestLocation({0, 0}, 0)->curve().index(), 4);
+}
+
 TEST(PathNearest, isTheFirstOfEqualCurves) {
     const auto path = polyline({{0, 0}, {10, 0}, {0, 0}, {10, 0}});
     EXPECT_EQ(path->nearestCurveLocation({3, 1}, 0, 6)->curve().index(), 0);
