@@ -6,8 +6,11 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <type_traits>
 
+#include "quorin/geometry/PointLanes.h"
 #include "quorin/linear/MatrixElements.h"
+#include "quorin/linear/Vector2.h"
 #include "quorin/linear/Vector3.h"
 #include "quorin/linear/Vector4.h"
 #include "quorin/linear/VectorArrayConvertible.h"
@@ -211,23 +214,31 @@ constexpr Matrix4 Matrix4::transpose() const {
     return {m11, m21, m31, m41, m12, m22, m32, m42, m13, m23, m33, m43, m14, m24, m34, m44};
 }
 
-constexpr Matrix4 Matrix4::adjugate() const {
+/// The adjugate, worked out on pairs of rows, two `CGFloat`s each.
+template <typename Pair>
+constexpr Matrix4 adjugateInPairs(const Matrix4& m) {
     // The 2×2 minors of the first two columns and of the last two, named by their rows, from
     // which Laplace's expansion makes every cofactor.
-    const CGFloat a12 = m11 * m22 - m21 * m12, b12 = m31 * m42 - m41 * m32;
-    const CGFloat a13 = m11 * m23 - m21 * m13, b13 = m31 * m43 - m41 * m33;
-    const CGFloat a14 = m11 * m24 - m21 * m14, b14 = m31 * m44 - m41 * m34;
-    const CGFloat a23 = m12 * m23 - m22 * m13, b23 = m32 * m43 - m42 * m33;
-    const CGFloat a24 = m12 * m24 - m22 * m14, b24 = m32 * m44 - m42 * m34;
-    const CGFloat a34 = m13 * m24 - m23 * m14, b34 = m33 * m44 - m43 * m34;
-    return {m22 * b34 - m23 * b24 + m24 * b23, m13 * b24 - m12 * b34 - m14 * b23,
-            m42 * a34 - m43 * a24 + m44 * a23, m33 * a24 - m32 * a34 - m34 * a23,
-            m23 * b14 - m21 * b34 - m24 * b13, m11 * b34 - m13 * b14 + m14 * b13,
-            m43 * a14 - m41 * a34 - m44 * a13, m31 * a34 - m33 * a14 + m34 * a13,
-            m21 * b24 - m22 * b14 + m24 * b12, m12 * b14 - m11 * b24 - m14 * b12,
-            m41 * a24 - m42 * a14 + m44 * a12, m32 * a14 - m31 * a24 - m34 * a12,
-            m22 * b13 - m21 * b23 - m23 * b12, m11 * b23 - m12 * b13 + m13 * b12,
-            m42 * a13 - m41 * a23 - m43 * a12, m31 * a23 - m32 * a13 + m33 * a12};
+    const CGFloat a12 = m.m11 * m.m22 - m.m21 * m.m12, b12 = m.m31 * m.m42 - m.m41 * m.m32;
+    const CGFloat a13 = m.m11 * m.m23 - m.m21 * m.m13, b13 = m.m31 * m.m43 - m.m41 * m.m33;
+    const CGFloat a14 = m.m11 * m.m24 - m.m21 * m.m14, b14 = m.m31 * m.m44 - m.m41 * m.m34;
+    const CGFloat a23 = m.m12 * m.m23 - m.m22 * m.m13, b23 = m.m32 * m.m43 - m.m42 * m.m33;
+    const CGFloat a24 = m.m12 * m.m24 - m.m22 * m.m14, b24 = m.m32 * m.m44 - m.m42 * m.m34;
+    const CGFloat a34 = m.m13 * m.m24 - m.m23 * m.m14, b34 = m.m33 * m.m44 - m.m43 * m.m34;
+
+    const Pair a1{m.m21, -m.m11}, a2{m.m22, -m.m12}, a3{m.m23, -m.m13}, a4{m.m24, -m.m14};
+    const Pair b1{m.m41, -m.m31}, b2{m.m42, -m.m32}, b3{m.m43, -m.m33}, b4{m.m44, -m.m34};
+    return std::bit_cast<Matrix4>(
+        std::array<Pair, 8>{a2 * b34 - a3 * b24 + a4 * b23, b2 * a34 - b3 * a24 + b4 * a23,
+                            a3 * b14 - a1 * b34 - a4 * b13, b3 * a14 - b1 * a34 - b4 * a13,
+                            a1 * b24 - a2 * b14 + a4 * b12, b1 * a24 - b2 * a14 + b4 * a12,
+                            a2 * b13 - a1 * b23 - a3 * b12, b2 * a13 - b1 * a23 - b3 * a12});
+}
+
+constexpr Matrix4 Matrix4::adjugate() const {
+    // Compilers know no lanes in constants, and find no pairs to work on by themselves.
+    return std::is_constant_evaluated() ? adjugateInPairs<Vector2>(*this)
+                                        : adjugateInPairs<PointLanes>(*this);
 }
 
 constexpr CGFloat Matrix4::determinant() const {
