@@ -6,7 +6,7 @@
 #include <span>
 
 #include "quorin/platform/cgpath/CGPath.h"
-#include "quorin/platform/drawing/CGColor.h"
+#include "quorin/platform/values/CGColor.h"
 #include "quorin/platform/drawing/CGImage.h"
 #include "quorin/platform/drawing/CGShading.h"
 #include "quorin/platform/values/CGAffineTransform.h"

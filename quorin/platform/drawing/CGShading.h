@@ -4,8 +4,8 @@
 #include <variant>
 #include <vector>
 
-#include "quorin/platform/drawing/CGColor.h"
 #include "quorin/platform/values/CGAffineTransform.h"
+#include "quorin/platform/values/CGColor.h"
 #include "quorin/platform/values/CGGeometry.h"
 
 namespace quorin {
