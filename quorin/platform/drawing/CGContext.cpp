@@ -13,6 +13,7 @@
 #include "quorin/geometry/Scalar.h"
 #include "quorin/platform/drawing/cairo/CairoImage.h"
 #include "quorin/platform/drawing/cairo/CairoShading.h"
+#include "quorin/platform/drawing/cairo/CairoText.h"
 #include "quorin/platform/drawing/cairo/LinearShape.h"
 #include "quorin/platform/values/FatalError.h"
 
@@ -43,6 +44,7 @@ struct State {
     Paint fill = CGColor{}, stroke = CGColor{};
     CGFloat alpha = 1;
     Line line;
+    CGFloat fontSize = 12;
     bool opensLayer = false;
     CGFloat layerAlpha = 1;
 };
@@ -253,6 +255,8 @@ void CGContext::setLineDash(CGFloat phase, std::span<const CGFloat> lengths) {
     line.dashes.assign(lengths.begin(), isUsable ? lengths.end() : lengths.begin());
 }
 
+void CGContext::setFontSize(CGFloat size) { implementation->state().fontSize = size; }
+
 void CGContext::beginPath() { cairo_new_path(implementation->get()); }
 
 void CGContext::addPath(const CGPath& path) {
@@ -348,6 +352,21 @@ void CGContext::drawImage(const CGImage& image, const CGRect& in) {
     cairo_set_source(implementation->get(), pattern.get());
     cairo_paint_with_alpha(implementation->get(), implementation->state().alpha);
     implementation->restore();
+}
+
+CGFloat CGContext::widthOfText(std::string_view text) const {
+    return textAdvance(implementation->get(), text, implementation->state().fontSize);
+}
+
+void CGContext::showText(std::string_view text, CGPoint at) {
+    beginPath();
+    const std::optional<LinearShape> shape = linearShapeOf(ctm());
+    const CGPoint pixel = CGPointApplyAffineTransform(at, ctm());
+    if (!shape || !std::isfinite(pixel.x) || !std::isfinite(pixel.y))
+        return;
+    addTextOutline(implementation->get(), text, implementation->state().fontSize, *shape,
+                   clampedToDevice(pixel));
+    fillPath();
 }
 
 void CGContext::beginTransparencyLayer(CGFloat alpha) {

@@ -4,12 +4,13 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string_view>
 
 #include "quorin/platform/cgpath/CGPath.h"
-#include "quorin/platform/values/CGColor.h"
 #include "quorin/platform/drawing/CGImage.h"
 #include "quorin/platform/drawing/CGShading.h"
 #include "quorin/platform/values/CGAffineTransform.h"
+#include "quorin/platform/values/CGColor.h"
 #include "quorin/platform/values/CGGeometry.h"
 #include "quorin/platform/values/CGRect.h"
 
@@ -72,6 +73,9 @@ public:
     /// when there is none, one is negative, or all together are not worth drawing.
     void setLineDash(CGFloat phase, std::span<const CGFloat> lengths);
 
+    /// The height of letters from line to line, in units; 12 at first.
+    void setFontSize(CGFloat size);
+
     void beginPath();
     /// Adds to the path; the transform at this moment applies.
     void addPath(const CGPath& path);
@@ -100,6 +104,13 @@ public:
                             CGPoint endCenter, CGFloat endRadius);
     /// The image stretched to the rect, its top row at the smallest y.
     void drawImage(const CGImage& image, const CGRect& in);
+
+    /// How far a line of text in UTF-8 reaches to the right when it is shown, in units.
+    CGFloat widthOfText(std::string_view text) const;
+    /// Fills the letters of a line of text in UTF-8, in the system's sans-serif face, the left end
+    /// of their baseline at the point. Bytes that are no characters show the sign for that. Uses up
+    /// the path.
+    void showText(std::string_view text, CGPoint at);
 
     /// What is painted until the layer ends is painted on its own, then put onto the bitmap as one
     /// picture with `alpha` and the state's alpha multiplied. Inside, the state's alpha is 1.
