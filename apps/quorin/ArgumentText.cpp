@@ -1,6 +1,8 @@
 #include "apps/quorin/ArgumentText.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -35,6 +37,21 @@ std::optional<CGFloat> parseFinite(std::string_view text) {
     return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
+/// All of the text as exactly so many numbers with commas between them.
+template <std::size_t count>
+std::optional<std::array<CGFloat, count>> parseList(std::string_view text) {
+    std::array<CGFloat, count> numbers{};
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t end = i + 1 < count ? text.find(',') : text.size();
+        const auto number = parseFinite(text.substr(0, end));
+        if (end == std::string_view::npos || !number)
+            return std::nullopt;
+        numbers[i] = *number;
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return numbers;
+}
+
 }  // namespace
 
 CGFloat lengthOf(std::string_view option, std::string_view text) {
@@ -44,15 +61,47 @@ CGFloat lengthOf(std::string_view option, std::string_view text) {
     return *length;
 }
 
+CGFloat fractionOf(std::string_view option, std::string_view text) {
+    const std::optional<CGFloat> fraction = parseFinite(text);
+    if (!fraction || *fraction < 0 || *fraction > 1)
+        refuse(option, text, "expected a fraction from 0 to 1");
+    return *fraction;
+}
+
+CGFloat cornerRadiusOf(std::string_view option, std::string_view text) {
+    const std::optional<CGFloat> radius = parseFinite(text);
+    if (!radius || *radius < 0 || (*radius > 0 && *radius < 1))
+        refuse(option, text, "expected a radius of 1 or more, or 0");
+    return *radius;
+}
+
 CGPoint pointOf(std::string_view option, std::string_view text) {
-    const std::size_t comma = text.find(',');
-    if (comma != std::string_view::npos) {
-        const auto x = parseFinite(text.substr(0, comma));
-        const auto y = parseFinite(text.substr(comma + 1));
-        if (x && y)
-            return {*x, *y};
-    }
+    if (const auto numbers = parseList<2>(text))
+        return {(*numbers)[0], (*numbers)[1]};
     refuse(option, text, "expected two numbers X,Y");
+}
+
+CGSize scaleOf(std::string_view option, std::string_view text) {
+    CGSize scale;
+    if (const auto factor = parseFinite(text))
+        scale = {*factor, *factor};
+    else if (const auto factors = parseList<2>(text))
+        scale = {(*factors)[0], (*factors)[1]};
+    if (scale.width == 0 || scale.height == 0)
+        refuse(option, text, "expected a scale as S or SX,SY, neither of them 0");
+    return scale;
+}
+
+CGAffineTransform matrixOf(std::string_view option, std::string_view text) {
+    const auto numbers = parseList<6>(text);
+    if (!numbers)
+        refuse(option, text, "expected six numbers A,B,C,D,TX,TY");
+    const auto [a, b, c, d, tx, ty] = *numbers;
+    // Of 0.1,0.3,0.2,0.6 only rounding leaves a difference.
+    constexpr CGFloat cancelled = 1e-14;
+    if (!(std::abs(a * d - b * c) > cancelled * (std::abs(a * d) + std::abs(b * c))))
+        refuse(option, text, "expected a matrix that has an inverse");
+    return {a, b, c, d, tx, ty};
 }
 
 std::size_t countOf(std::string_view option, std::string_view text, std::size_t least,

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "quorin/platform/values/CGAffineTransform.h"
 #include "quorin/platform/values/CGGeometry.h"
 #include "quorin/svg/Drawing.h"
 
@@ -13,8 +14,16 @@ namespace quorin::app {
 
 /// At least zero, finite, and as the C locale writes it, whatever the user's is.
 CGFloat lengthOf(std::string_view option, std::string_view text);
+/// From 0 to 1.
+CGFloat fractionOf(std::string_view option, std::string_view text);
+/// 0 or at least 1: what is less than a unit of a corner's radius does not count.
+CGFloat cornerRadiusOf(std::string_view option, std::string_view text);
 /// "X,Y"
 CGPoint pointOf(std::string_view option, std::string_view text);
+/// "S" for both directions or "SX,SY", neither of them 0.
+CGSize scaleOf(std::string_view option, std::string_view text);
+/// "A,B,C,D,TX,TY", with an inverse.
+CGAffineTransform matrixOf(std::string_view option, std::string_view text);
 /// A whole number from `least` to `most`.
 std::size_t countOf(std::string_view option, std::string_view text, std::size_t least,
                     std::size_t most);

@@ -12,6 +12,7 @@ void addInfoCommand(CLI::App& program);
 void addRenderCommand(CLI::App& program);
 void addConvertCommand(CLI::App& program);
 void addHitCommand(CLI::App& program);
+void addTransformCommand(CLI::App& program);
 void addCompareCommand(CLI::App& program);
 void addSheetCommand(CLI::App& program);
 

@@ -4,6 +4,7 @@
 
 #include "apps/quorin/Commands.h"
 #include "apps/quorin/DrawingFile.h"
+#include "apps/quorin/FileArguments.h"
 
 namespace quorin::app {
 
@@ -24,12 +25,8 @@ void addConvertCommand(CLI::App& program) {
     const auto options = std::make_shared<ConvertOptions>();
     CLI::App* const command =
         program.add_subcommand("convert", "Write a drawing in another form, .svg or .json");
-    command->add_option("IN", options->input, "The drawing to read, .svg or .json")
-        ->type_name("")
-        ->required();
-    command->add_option("OUT", options->output, "The file to write, ending in .svg or .json")
-        ->type_name("")
-        ->required();
+    addInput(*command, options->input);
+    addDrawingOutput(*command, options->output);
     command->footer(
         "JSON keeps anchors, handles, behaviours, corner radii and paint, every number exact. SVG\n"
         "keeps outlines and paint. An existing file is replaced when the new one is complete.\n\n"

@@ -11,6 +11,7 @@
 #include "apps/quorin/Commands.h"
 #include "apps/quorin/Console.h"
 #include "apps/quorin/DrawingFile.h"
+#include "apps/quorin/FileArguments.h"
 #include "apps/quorin/ParsedOption.h"
 #include "quorin/platform/foundation/JSONEncoder.h"
 
@@ -131,9 +132,7 @@ void addHitCommand(CLI::App& program) {
     const auto options = std::make_shared<HitOptions>();
     CLI::App* const command =
         program.add_subcommand("hit", "Tell which outline and which shapes a pointer meets");
-    command->add_option("IN", options->input, "The drawing to read, .svg or .json")
-        ->type_name("")
-        ->required();
+    addInput(*command, options->input);
     addParsedOption(*command, "--at", "X,Y", options->at, pointOf,
                     "The place, in the drawing's units")
         ->required();

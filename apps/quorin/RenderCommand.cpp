@@ -9,6 +9,7 @@
 #include "apps/quorin/Commands.h"
 #include "apps/quorin/DrawingFile.h"
 #include "apps/quorin/DrawingPicture.h"
+#include "apps/quorin/FileArguments.h"
 #include "apps/quorin/ParsedOption.h"
 #include "apps/quorin/TextTable.h"
 
@@ -89,12 +90,8 @@ void run(const RenderOptions& options) {
 void addRenderCommand(CLI::App& program) {
     const auto options = std::make_shared<RenderOptions>();
     CLI::App* const command = program.add_subcommand("render", "Paint a drawing into a PNG file");
-    command->add_option("IN", options->input, "The drawing to read, .svg or .json")
-        ->type_name("")
-        ->required();
-    command->add_option("OUT", options->output, "The picture to write, ending in .png")
-        ->type_name("")
-        ->required();
+    addInput(*command, options->input);
+    addPictureOutput(*command, options->output);
     addParsedOption(*command, "--size", "N|WxH", options->size, pixelSizeOf,
                     "Pixels: the longer side, or both [the drawing's]");
     addParsedOption(*command, "--background", "COLOUR", options->background, colorOf,

@@ -13,6 +13,7 @@
 #include "apps/quorin/Console.h"
 #include "apps/quorin/DrawingFile.h"
 #include "apps/quorin/DrawingPicture.h"
+#include "apps/quorin/FileArguments.h"
 #include "apps/quorin/FileWork.h"
 #include "apps/quorin/ParsedOption.h"
 #include "quorin/platform/cgpath/CGMutablePath.h"
@@ -138,9 +139,7 @@ void addSheetCommand(CLI::App& program) {
     const auto options = std::make_shared<SheetOptions>();
     CLI::App* const command =
         program.add_subcommand("sheet", "Paint many drawings side by side into a PNG file");
-    command->add_option("OUT", options->output, "The picture to write, ending in .png")
-        ->type_name("")
-        ->required();
+    addPictureOutput(*command, options->output);
     command->add_option("DRAWING", options->files, "Drawings to read, .svg or .json")
         ->type_name("")
         ->required();

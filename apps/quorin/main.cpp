@@ -18,8 +18,9 @@ enum ExitCode { wentWell = 0, badInput = 1, badUsage = 2 };
 /// One line about what is wrong and one about where to read on.
 std::string usageMessage(const CLI::App* program, const CLI::Error& error) {
     std::string command = program->get_name();
-    for (const CLI::App* chosen : program->get_subcommands())
-        command.append(" ").append(chosen->get_name());
+    for (auto chosen = program->get_subcommands(); !chosen.empty();
+         chosen = chosen.front()->get_subcommands())
+        command.append(" ").append(chosen.front()->get_name());
     std::string reason = error.what();
     const std::vector<std::string> unknown = program->remaining();
     if (program->get_subcommands().empty() && !unknown.empty()) {
@@ -42,6 +43,7 @@ void describe(CLI::App& program) {
         "  quorin info --json icons/*.svg        the same of many, for programs\n"
         "  quorin render icon.svg icon.png --size 512 --anchors\n"
         "  quorin convert icon.svg icon.json     anchors, handles, behaviours and paint\n"
+        "  quorin transform icon.svg twice.svg --scale 2\n"
         "  quorin hit icon.svg --at 12,7.5       what a click there meets\n"
         "  quorin sheet sheet.png icons/*.svg    many drawings in one picture\n"
         "\n"
@@ -51,6 +53,7 @@ void describe(CLI::App& program) {
     addInfoCommand(program);
     addRenderCommand(program);
     addConvertCommand(program);
+    addTransformCommand(program);
     addHitCommand(program);
     addCompareCommand(program);
     addSheetCommand(program);

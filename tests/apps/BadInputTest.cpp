@@ -18,6 +18,7 @@ std::vector<std::vector<std::string>> commandsReading(const std::string& file,
             {"convert", file, output + ".svg"},
             {"convert", file, output + ".json"},
             {"render", file, output + ".png"},
+            {"transform", file, output + ".svg", "--scale", "2"},
             {"compare", file, file},
             {"sheet", output + ".png", file}};
 }

@@ -16,16 +16,19 @@ using test::WentWell;
 using testing::HasSubstr;
 using testing::StartsWith;
 
+const std::string commands[] = {"info", "render",  "convert", "transform",
+                                "hit",  "compare", "sheet"};
+
 TEST(CommandLine, helpsWithEveryCommandAndExamples) {
     const ProgramRun run = runQuorin({"--help"});
     EXPECT_THAT(run, WentWell());
-    for (const char* command : {"info", "render", "convert", "hit", "compare", "sheet"})
-        EXPECT_THAT(run.output, HasSubstr(std::string("\n  ") + command + " "));
+    for (const std::string& command : commands)
+        EXPECT_THAT(run.output, HasSubstr("\n  " + command + " "));
     EXPECT_THAT(run.output, HasSubstr("Examples:\n  quorin info icon.svg"));
 }
 
 TEST(CommandLine, helpsWithExamplesOfEachCommand) {
-    for (const std::string command : {"info", "render", "convert", "hit", "compare", "sheet"}) {
+    for (const std::string& command : commands) {
         SCOPED_TRACE(command);
         const ProgramRun run = runQuorin({command, "--help"});
         EXPECT_THAT(run, WentWell());
