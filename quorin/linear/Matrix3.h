@@ -10,6 +10,7 @@
 #include "quorin/linear/Vector2.h"
 #include "quorin/linear/Vector3.h"
 #include "quorin/linear/VectorArrayConvertible.h"
+#include "quorin/platform/values/CGAffineTransform.h"
 #include "quorin/platform/values/CGGeometry.h"
 
 namespace quorin {
@@ -47,6 +48,11 @@ struct Matrix3 {
         : Matrix3(leadingComponents<9>(list, "Matrix3")) {}
     constexpr explicit Matrix3(std::span<const float> list)
         : Matrix3(leadingComponents<9>(list, "Matrix3")) {}
+
+    constexpr explicit Matrix3(const CGAffineTransform& t)
+        : Matrix3(t.a, t.b, 0, t.c, t.d, 0, t.tx, t.ty, 1) {}
+    /// Without the third row, whatever it holds.
+    constexpr explicit operator CGAffineTransform() const { return {m11, m12, m21, m22, m31, m32}; }
 
     static constexpr Matrix3 withColumns(const Vector3& first, const Vector3& second,
                                          const Vector3& third);

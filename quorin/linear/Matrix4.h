@@ -14,6 +14,7 @@
 #include "quorin/linear/Vector3.h"
 #include "quorin/linear/Vector4.h"
 #include "quorin/linear/VectorArrayConvertible.h"
+#include "quorin/platform/values/CATransform3D.h"
 #include "quorin/platform/values/CGGeometry.h"
 #include "quorin/platform/values/CGRect.h"
 
@@ -64,6 +65,13 @@ struct Matrix4 {
         : Matrix4(leadingComponents<16>(list, "Matrix4")) {}
     constexpr explicit Matrix4(std::span<const float> list)
         : Matrix4(leadingComponents<16>(list, "Matrix4")) {}
+
+    /// Each field from and to the one of its name: a row of the one is a column of the other.
+    constexpr explicit Matrix4(const CATransform3D& transform)
+        : Matrix4(std::bit_cast<Matrix4>(transform)) {}
+    constexpr explicit operator CATransform3D() const {
+        return std::bit_cast<CATransform3D>(*this);
+    }
 
     static constexpr Matrix4 withColumns(const Vector4& first, const Vector4& second,
                                          const Vector4& third, const Vector4& fourth);

@@ -8,11 +8,6 @@
 namespace quorin {
 namespace {
 
-constexpr const char* pointType = "{CGPoint=dd}";
-constexpr const char* sizeType = "{CGSize=dd}";
-constexpr const char* rectType = "{CGRect={CGPoint=dd}{CGSize=dd}}";
-constexpr const char* transform3DType = "{CATransform3D=dddddddddddddddd}";
-
 template <typename Geometry>
 Geometry fromBytes(std::span<const std::uint8_t> bytes, std::string_view objCType) {
     static_assert(std::is_trivially_copyable_v<Geometry>);

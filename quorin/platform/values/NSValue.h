@@ -20,6 +20,11 @@ namespace quorin {
 /// by a type encoding what it holds.
 class NSValue {
 public:
+    static constexpr const char* pointType = "{CGPoint=dd}";
+    static constexpr const char* sizeType = "{CGSize=dd}";
+    static constexpr const char* rectType = "{CGRect={CGPoint=dd}{CGSize=dd}}";
+    static constexpr const char* transform3DType = "{CATransform3D=dddddddddddddddd}";
+
     // Implicit: numbers and geometry box themselves.
     NSValue(NSNumber number) : content(number) {}
     NSValue(CGPoint point) : content(point) {}
@@ -30,8 +35,7 @@ public:
     /// types make the same box as the value itself; a wrong number of them stops the process.
     NSValue(std::span<const std::uint8_t> bytes, std::string_view objCType);
 
-    /// "{CGPoint=dd}", "{CGSize=dd}", "{CGRect={CGPoint=dd}{CGSize=dd}}",
-    /// "{CATransform3D=dddddddddddddddd}", that of the number, or what came with the bytes.
+    /// One of the four above, that of the number, or what came with the bytes.
     const char* objCType() const;
 
     /// The number; null for everything else.
