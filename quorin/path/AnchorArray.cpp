@@ -35,11 +35,12 @@ void AnchorArray::grow() {
     reallocate(std::max(first, 2 * capacity));
 }
 
-void AnchorArray::prepend(const PathAnchor& anchor) {
-    const PathAnchor first = anchor;  // `anchor` may be one of this array, which moves
+void AnchorArray::insertAt(std::size_t index, const PathAnchor& anchor) {
+    const PathAnchor inserted = anchor;  // `anchor` may be one of this array, which moves
     append();
-    std::copy_backward(memory.get(), memory.get() + _count - 1, memory.get() + _count);
-    memory[0] = first;
+    PathAnchor* const place = memory.get() + index;
+    std::copy_backward(place, memory.get() + _count - 1, memory.get() + _count);
+    *place = inserted;
 }
 
 void AnchorArray::removeAt(std::size_t index) {

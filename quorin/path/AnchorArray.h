@@ -39,7 +39,9 @@ public:
             grow();
         return memory.get()[_count++] = PathAnchor();
     }
-    void prepend(const PathAnchor& anchor);
+    void prepend(const PathAnchor& anchor) { insertAt(0, anchor); }
+    /// Puts the anchor at `index`, which may be the count, and moves what is there by one.
+    void insertAt(std::size_t index, const PathAnchor& anchor);
     void removeAt(std::size_t index);
     void removeLast() { --_count; }
     /// Keeps the memory.

@@ -19,8 +19,8 @@ namespace quorin {
 
 class Decoder;
 class Encoder;
-struct Vector3;
 class Value;
+struct Vector3;
 
 /// One contour of Bézier anchors, open or closed, that an editor works on. Has identity and is
 /// held by `std::shared_ptr`.
@@ -55,18 +55,21 @@ public:
     /// become cubics with both controls at (2q + p0)/3. There is one contour: a second move does
     /// nothing.
     static std::shared_ptr<Path> create(std::shared_ptr<const CGPath> cg);
-    /// A path read from the older dictionary form, turned about the middle of `frame` and moved to
-    /// the origin when it is turned. Entries that are missing or of another type keep their
-    /// defaults; anything but a map gives the empty open path.
+    /// A path read from the older dictionary form: "isClosed", "pathRotation" in degrees and
+    /// "segments", each with "point", "curveTo", "curveFrom", "behaviorMode", "hasTo", "hasFrom"
+    /// and "radius". It is turned about the middle of `frame`, and then moved so that its box
+    /// starts at the origin. Entries that are missing or of another type keep their defaults;
+    /// anything but a map gives the empty open path.
     static std::shared_ptr<Path> create(const Value& with, const CGRect& frame);
 
     /// Closed, from the origin along the width; a negative size mirrors the order of the corners.
     static std::shared_ptr<Path> rectangle(const CGRect& with);
-    /// Closed, four mirrored anchors from the left-most one through the smallest y. The curves
-    /// leave the true ellipse by at most 2.8e-4 of its half sizes.
+    /// Closed, four mirrored anchors from the left-most one through the smallest y, whatever the
+    /// signs of the size. The curves leave the true ellipse by at most 2.8e-4 of its half sizes.
     static std::shared_ptr<Path> ellipse(const CGRect& rectangle);
     /// Closed, 2 · `numPoints` sharp corners in turn at `radius1` and `radius2`, from the one at
-    /// the smallest y on towards +x. A negative number is a programming error.
+    /// the smallest y on towards +x. No points give the empty closed path; a negative number, or
+    /// one whose double overflows, is a programming error.
     static std::shared_ptr<Path> star(CGPoint center, std::ptrdiff_t numPoints, CGFloat radius1,
                                       CGFloat radius2);
     /// Open, two anchors.
@@ -113,16 +116,28 @@ public:
     void setBounds(const CGRect& rect);
     /// Multiplies anchors and handles by x and y; corner radii stay as they are.
     void scale(const Vector3& v);
+    /// A scaled copy. Factors within `epsilon` of 1, all three of them, leave it as it is.
     std::shared_ptr<Path> scaled(const Vector3& v) const;
     void moveBy(CGPoint delta);
+    /// A moved copy. Components below `epsilon`, both of them, leave it where it is.
     std::shared_ptr<Path> offsetBy(CGPoint delta) const;
-    /// Runs the other way: the first anchor becomes the last.
+    /// Runs the other way: the first anchor becomes the last. Behaviours and radii stay with their
+    /// anchors.
     void reverse();
     std::shared_ptr<Path> reversed() const;
-    /// Adds an anchor at a place on the path and answers its index; 0 when the place is on none of
-    /// the curves. Rebuilds all segments through `setCurves`, so radii are lost and behaviours
-    /// inferred anew.
+    /// Adds an anchor at a place on the path, on the curve of that index, and answers the anchor's
+    /// index; 0 when there is no such curve. Rebuilds all segments through `setCurves` in any case,
+    /// so radii are lost, behaviours inferred anew, and a path without curves becomes empty.
     std::ptrdiff_t insertSegmentAt(const CurveLocation& location);
+    /// Adds an anchor as an editor wants it: the outline stays as it is, and of all other anchors
+    /// only the two neighbours' facing handles are shortened. Radii and behaviours stay, but a
+    /// mirrored neighbour, its handles no longer being opposites, becomes asymmetric. A straight
+    /// curve stays straight and gives a straight anchor, any other a smooth one.
+    ///
+    /// Answers the index of the anchor at the place; that of the anchor already there when the time
+    /// is within `curvetimeEpsilon` of an end. Nothing when the path has no such curve or the time
+    /// is outside [0, 1].
+    std::optional<std::ptrdiff_t> insertAnchorAt(const CurveLocation& location);
     /// Gives the other path as many segments as this one has: cuts its last ones off, or appends
     /// copies of this path's.
     void adjustPathSegments(Path& adjustingPath) const;
@@ -130,10 +145,17 @@ public:
     /// The path as it is drawn: each straight anchor with a radius becomes an arc of that radius in
     /// whole points, or of what fits.
     std::shared_ptr<Path> roundedCornerPath() const;
-    /// The stretch between two fractions of the length, open; from 0 to 1 this path itself. Empty
-    /// when `to` is not beyond `from`.
+    /// The stretch between two fractions of the length, rebuilt as an open path by `setCurves`;
+    /// from 0 to 1, within `epsilon`, this path itself. Fractions are clamped to [0, 1]; empty when
+    /// `to` is not beyond `from`, in a closed path too.
     std::shared_ptr<Path> partialPath(CGFloat from, CGFloat to);
     std::shared_ptr<const Path> partialPath(CGFloat from, CGFloat to) const;
+    /// The stretch of a closed path that runs from one fraction of its length on to another, past
+    /// the first anchor where need be: fractions are taken modulo 1, so 0.8 to 0.2 is the same as
+    /// -0.2 to 0.2. Rebuilt as an open path, like `partialPath`; a full turn or more, within
+    /// `epsilon`, is a copy of this path, closed. Of an open path the same as `partialPath`, but
+    /// always a path of its own.
+    std::shared_ptr<Path> partialPathAround(CGFloat from, CGFloat to) const;
 
     /// Calls `body` with each pair of consecutive segments until it answers true; then answers
     /// true. In a closed path the last and first segment come last.
@@ -170,8 +192,12 @@ public:
     friend bool operator==(const Path& a, const Path& b);
 
 private:
+    friend class PathRebuild;
+
     void dropPlatformPath();
     void bendLast(CGPoint handleOut);
+    template <typename Body>
+    void changeAnchors(Body body);
     /// A new last anchor, to be filled where it stands: a pen draws them by the hundred thousand.
     PathAnchor& append() {
         // The collection would lock its weak reference to find the cache, at more than the cost of

@@ -70,6 +70,7 @@ public:
 
 private:
     friend class Path;
+    friend class PathRebuild;
 
     void requireIndex(std::size_t index) const;
     void invalidatePathCache() const;
