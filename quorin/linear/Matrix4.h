@@ -97,8 +97,8 @@ struct Matrix4 {
     /// The perspective that takes the corners of `withBounds`, from the origin along its width and
     /// round, to the first four points, seen from the centre of the bounds; the image of that
     /// centre is moved back to the origin. Fewer points stop the process, further ones do not
-    /// count, and bounds of size zero give the identity without a look at the points. Three
-    /// points in one line give elements that are not finite.
+    /// count, and bounds of size zero give the identity without a look at the points. Four points
+    /// in one line give NaN, three of them an image that collapses or runs to infinity.
     static Matrix4 bakedTransform(std::span<const CGPoint> points, const CGRect& withBounds);
 
     constexpr std::array<CGFloat, 16> array() const {

@@ -38,7 +38,8 @@ Quaternion quaternionOf(const Matrix3& r) {
 TransformDecomposition Matrix4::decompose() const {
     const Vector3 first{m11, m12, m13}, second{m21, m22, m23}, third{m31, m32, m33};
     Vector3 lengths{first.length(), second.length(), third.length()};
-    if (determinant() < 0)
+    // Of these columns alone: perspective may turn the sign of the whole determinant around.
+    if (Matrix3::withColumns(first, second, third).determinant() < 0)
         lengths.x = -lengths.x;
 
     const Matrix3 rotation =
