@@ -54,6 +54,20 @@ std::optional<std::array<CGFloat, count>> parseList(std::string_view text) {
 
 }  // namespace
 
+CGFloat numberOf(std::string_view option, std::string_view text) {
+    const std::optional<CGFloat> number = parseFinite(text);
+    if (!number)
+        refuse(option, text, "expected a number");
+    return *number;
+}
+
+CGFloat positiveOf(std::string_view option, std::string_view text) {
+    const std::optional<CGFloat> number = parseFinite(text);
+    if (!number || *number <= 0)
+        refuse(option, text, "expected a number above 0");
+    return *number;
+}
+
 CGFloat lengthOf(std::string_view option, std::string_view text) {
     const std::optional<CGFloat> length = parseFinite(text);
     if (!length || *length < 0)
@@ -66,6 +80,13 @@ CGFloat fractionOf(std::string_view option, std::string_view text) {
     if (!fraction || *fraction < 0 || *fraction > 1)
         refuse(option, text, "expected a fraction from 0 to 1");
     return *fraction;
+}
+
+CGFloat swingingRatioOf(std::string_view option, std::string_view text) {
+    const std::optional<CGFloat> ratio = parseFinite(text);
+    if (!ratio || *ratio <= 0 || *ratio > 1)
+        refuse(option, text, "expected a ratio above 0 and up to 1");
+    return *ratio;
 }
 
 CGFloat cornerRadiusOf(std::string_view option, std::string_view text) {

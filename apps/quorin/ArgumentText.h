@@ -12,10 +12,16 @@
 /// command line as a whole cannot be used; `option` is named in the message.
 namespace quorin::app {
 
-/// At least zero, finite, and as the C locale writes it, whatever the user's is.
+/// A finite number, as the C locale writes it, whatever the user's is.
+CGFloat numberOf(std::string_view option, std::string_view text);
+/// A number above 0.
+CGFloat positiveOf(std::string_view option, std::string_view text);
+/// A number of at least 0.
 CGFloat lengthOf(std::string_view option, std::string_view text);
 /// From 0 to 1.
 CGFloat fractionOf(std::string_view option, std::string_view text);
+/// The damping ratio of a spring that swings or just does not, above 0 and at most 1.
+CGFloat swingingRatioOf(std::string_view option, std::string_view text);
 /// 0 or at least 1: what is less than a unit of a corner's radius does not count.
 CGFloat cornerRadiusOf(std::string_view option, std::string_view text);
 /// "X,Y"

@@ -15,5 +15,6 @@ void addHitCommand(CLI::App& program);
 void addTransformCommand(CLI::App& program);
 void addCompareCommand(CLI::App& program);
 void addSheetCommand(CLI::App& program);
+void addSpringCommand(CLI::App& program);
 
 }  // namespace quorin::app

@@ -68,13 +68,19 @@ void requireArea(const Drawing& drawing, const std::string& file) {
         throw InputError(file, "the drawing has no size, so there is nothing to paint");
 }
 
+bool isDrawingName(const std::string& file) {
+    return hasExtension(file, ".svg") || hasExtension(file, ".json");
+}
+
+bool isPictureName(const std::string& file) { return hasExtension(file, ".png"); }
+
 void requireDrawingName(const std::string& file) {
-    if (!hasExtension(file, ".svg") && !hasExtension(file, ".json"))
+    if (!isDrawingName(file))
         throw InputError(file, "the name of a drawing to write must end in .svg or .json");
 }
 
 void requirePictureName(const std::string& file) {
-    if (!hasExtension(file, ".png"))
+    if (!isPictureName(file))
         throw InputError(file, "the name of a picture to write must end in .png");
 }
 

@@ -43,7 +43,11 @@ void saveDrawing(const Drawing& drawing, const std::string& file);
 /// Writes a PNG file, whole or not at all. Throws `InputError`.
 void savePicture(const CGImage& picture, const std::string& file);
 
-/// Throw `InputError` unless the name ends in a form that can be written, in letters of any case.
+/// Whether a name ends in a form that can be written, in letters of any case.
+bool isDrawingName(const std::string& file);
+bool isPictureName(const std::string& file);
+
+/// Throw `InputError` unless the name is one.
 void requireDrawingName(const std::string& file);
 void requirePictureName(const std::string& file);
 

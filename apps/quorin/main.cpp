@@ -15,15 +15,21 @@ namespace {
 
 enum ExitCode { wentWell = 0, badInput = 1, badUsage = 2 };
 
+bool hasCommands(const CLI::App& command) {
+    return !command.get_subcommands([](const CLI::App*) { return true; }).empty();
+}
+
 /// One line about what is wrong and one about where to read on.
 std::string usageMessage(const CLI::App* program, const CLI::Error& error) {
+    const CLI::App* chosen = program;
     std::string command = program->get_name();
-    for (auto chosen = program->get_subcommands(); !chosen.empty();
-         chosen = chosen.front()->get_subcommands())
-        command.append(" ").append(chosen.front()->get_name());
+    while (!chosen->get_subcommands().empty()) {
+        chosen = chosen->get_subcommands().front();
+        command.append(" ").append(chosen->get_name());
+    }
     std::string reason = error.what();
-    const std::vector<std::string> unknown = program->remaining();
-    if (program->get_subcommands().empty() && !unknown.empty()) {
+    const std::vector<std::string> unknown = chosen->remaining();
+    if (hasCommands(*chosen) && !unknown.empty()) {
         reason =
             unknown.front().starts_with('-') ? "there is no option '" : "there is no command '";
         reason.append(unknown.front()).append("'");
@@ -46,6 +52,7 @@ void describe(CLI::App& program) {
         "  quorin transform icon.svg twice.svg --scale 2\n"
         "  quorin hit icon.svg --at 12,7.5       what a click there meets\n"
         "  quorin sheet sheet.png icons/*.svg    many drawings in one picture\n"
+        "  quorin spring rk4 --plot curve.png    how a spring comes to rest\n"
         "\n"
         "A drawing is an .svg file or the .json that convert writes. Each command has a --help\n"
         "of its own. The exit code is 0 when all went well, 1 for input that cannot be used, and\n"
@@ -57,6 +64,7 @@ void describe(CLI::App& program) {
     addHitCommand(program);
     addCompareCommand(program);
     addSheetCommand(program);
+    addSpringCommand(program);
 }
 
 int obey(int argumentCount, char** arguments) {

@@ -17,7 +17,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 const std::string commands[] = {"info", "render",  "convert", "transform",
-                                "hit",  "compare", "sheet"};
+                                "hit",  "compare", "sheet",   "spring"};
 
 TEST(CommandLine, helpsWithEveryCommandAndExamples) {
     const ProgramRun run = runQuorin({"--help"});
