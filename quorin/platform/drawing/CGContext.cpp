@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "quorin/geometry/Scalar.h"
+#include "quorin/platform/cgpath/CGMutablePath.h"
 #include "quorin/platform/drawing/cairo/CairoImage.h"
 #include "quorin/platform/drawing/cairo/CairoShading.h"
 #include "quorin/platform/drawing/cairo/CairoText.h"
@@ -79,6 +80,8 @@ struct CGContext::Implementation {
     CairoSurface surface;
     CairoContext cairo;
     std::vector<State> states{State{}};
+    /// Where the path goes on, in pixels, whenever cairo has such a point: cairo rounds its own.
+    CGPoint pen, subpathStart;
 
     State& state() { return states.back(); }
     cairo_t* get() const { return cairo.get(); }
@@ -120,15 +123,17 @@ void CGContext::Implementation::addElement(const CGPathElement& element) {
             return;
         p[i] = clampedToDevice(point);
     }
+    const CGPoint from = pen;
+    if (element.type == CGPathElementType::moveToPoint || !cairo_has_current_point(get()))
+        subpathStart = p[0];
+    pen = element.points.empty() ? subpathStart : p[element.points.size() - 1];
     switch (element.type) {
         case CGPathElementType::moveToPoint:
             return cairo_move_to(get(), p[0].x, p[0].y);
         case CGPathElementType::addLineToPoint:
             return cairo_line_to(get(), p[0].x, p[0].y);
         case CGPathElementType::addQuadCurveToPoint: {
-            CGPoint start = p[0];
-            if (cairo_has_current_point(get()))
-                cairo_get_current_point(get(), &start.x, &start.y);
+            const CGPoint start = cairo_has_current_point(get()) ? from : p[0];
             const CGPoint q = p[0], end = p[1];
             return cairo_curve_to(get(), (start.x + 2 * q.x) / 3, (start.y + 2 * q.y) / 3,
                                   (end.x + 2 * q.x) / 3, (end.y + 2 * q.y) / 3, end.x, end.y);
@@ -258,6 +263,26 @@ void CGContext::setLineDash(CGFloat phase, std::span<const CGFloat> lengths) {
 void CGContext::setFontSize(CGFloat size) { implementation->state().fontSize = size; }
 
 void CGContext::beginPath() { cairo_new_path(implementation->get()); }
+
+void CGContext::moveTo(CGPoint point) {
+    implementation->add(CGPathElementType::moveToPoint, {point});
+}
+void CGContext::addLineTo(CGPoint point) {
+    implementation->add(CGPathElementType::addLineToPoint, {point});
+}
+void CGContext::closePath() { implementation->add(CGPathElementType::closeSubpath); }
+
+void CGContext::addArcToPoint(CGPoint tangent1, CGPoint tangent2, CGFloat radius) {
+    if (!cairo_has_current_point(implementation->get()) || !linearShapeOf(ctm()))
+        return addLineTo(tangent1);
+    CGMutablePath path;
+    path.moveTo(CGPointApplyAffineTransform(implementation->pen, CGAffineTransformInvert(ctm())));
+    path.addArcToPoint(tangent1, tangent2, radius);
+    path.take()->apply([this](const CGPathElement& element) {
+        if (element.type != CGPathElementType::moveToPoint)
+            implementation->addElement(element);
+    });
+}
 
 void CGContext::addPath(const CGPath& path) {
     path.apply([this](const CGPathElement& element) { implementation->addElement(element); });

@@ -77,7 +77,13 @@ public:
     void setFontSize(CGFloat size);
 
     void beginPath();
-    /// Adds to the path; the transform at this moment applies.
+    /// These add to the path; the transform at this moment applies. Without a point to go on from a
+    /// line starts the path at its end.
+    void moveTo(CGPoint point);
+    void addLineTo(CGPoint point);
+    /// See `CGMutablePath::addArcToPoint`; a circle in the units of drawing.
+    void addArcToPoint(CGPoint tangent1, CGPoint tangent2, CGFloat radius);
+    void closePath();
     void addPath(const CGPath& path);
     void addRect(const CGRect& rect);
     void addEllipse(const CGRect& in);
