@@ -101,11 +101,14 @@ TEST(DampedSpringAnimation, samplesTheTimesBelowTheDuration) {
     EXPECT_THAT(dampedSpringAnimation(1.5, 2, 1, 7), testing::ElementsAre(0));
 }
 
-TEST(DampedSpringAnimation, stopsTheProcessForNumbersThatAreNotPositive) {
+TEST(DampedSpringDeathTest, needsPositiveNumbers) {
     EXPECT_DEATH(dampedSpringAnimation(0, 2, 1, 0.1), "damped spring with a ratio of 0.0");
     EXPECT_DEATH(dampedSpringAnimation(1, 2, -1, 0.1), "damped spring with a duration of -1.0");
     EXPECT_DEATH(dampedSpringAnimation(1, 2, 1, 0), "damped spring with a delta of 0.0");
     EXPECT_DEATH(DampedSpring::settlingIn(std::nan(""), 2, 1), "a ratio of nan");
+}
+
+TEST(DampedSpringAnimation, isRefusedWhenNoMemoryHoldsIt) {
     EXPECT_THROW(dampedSpringAnimation(1, 2, 1, 1e-300), std::length_error);
 }
 
