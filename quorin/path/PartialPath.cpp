@@ -124,7 +124,7 @@ std::shared_ptr<Path> Path::partialPathAround(CGFloat from, CGFloat to) const {
 
     const CGFloat start = inFirstRound(from);
     const CGFloat end = inFirstRound(to);
-    if (start <= end)
+    if (!(end < start))
         return stretchOf(*this, start, end);
     const MeasuredCurves curves(*this);
     auto result = create();

@@ -66,6 +66,16 @@ TEST(AnchorArray, clearsAnAnchorAppendedWhereAnotherStood) {
     EXPECT_EQ(array.append(), PathAnchor());
 }
 
+TEST(AnchorArray, insertsAtEveryPosition) {
+    for (std::size_t i = 0; i <= 3; ++i) {
+        AnchorArray array = arrayOf({1, 2, 3});
+        array.insertAt(i, at(9));
+        std::vector<CGFloat> expected = {1, 2, 3};
+        expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(i), 9);
+        EXPECT_EQ(placesOf(array), expected);
+    }
+}
+
 TEST(AnchorArray, prependsAnAnchorOfItsOwnWhileItGrows) {
     AnchorArray array = arrayOf({7});
     for (int i = 0; i < 100; ++i)
