@@ -1,6 +1,5 @@
 #pragma once
 
-#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -51,8 +50,8 @@ public:
     Value(Map map) : content(Shared(std::move(map))) {}
     Value(CGColor color) : content(color) {}
     /// Nothing for a null pointer.
-    template <std::derived_from<Object> Kind>
-    Value(std::shared_ptr<Kind> object) {
+    template <typename Kind>
+    requires std::is_convertible_v<Kind*, Object*> Value(std::shared_ptr<Kind> object) {
         if (object)
             content = std::shared_ptr<Object>(std::move(object));
     }

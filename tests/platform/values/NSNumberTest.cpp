@@ -91,6 +91,7 @@ TEST(NSNumber, tellsNeighboursApartThatRoundToTheSameDouble) {
     EXPECT_FALSE(NSNumber(9007199254740993) == NSNumber(9007199254740992.0));
     EXPECT_FALSE(NSNumber(9007199254740992.0) == NSNumber(9007199254740993));
     EXPECT_FALSE(NSNumber(greatest) == NSNumber(0x1p63));
+    EXPECT_FALSE(NSNumber(least) == NSNumber(0x1p63));
 }
 
 TEST(NSNumber, aBooleanEqualsNoNumber) {

@@ -85,6 +85,12 @@ TEST(Value, keepsAnObjectItself) {
     EXPECT_EQ(value.asObject()->description(), "layer");
 }
 
+TEST(Value, takesNoOtherPointerForABoolean) {
+    EXPECT_FALSE((std::is_convertible_v<Layer*, Value>));
+    EXPECT_FALSE((std::is_convertible_v<std::shared_ptr<const Layer>, Value>));
+    EXPECT_FALSE((std::is_convertible_v<std::shared_ptr<int>, Value>));
+}
+
 TEST(Value, readsListsAndMapsOfValuesWithinEachOther) {
     const Value value = Value::Map{
         {"isClosed", true},
