@@ -13,6 +13,8 @@ void addRenderCommand(CLI::App& program);
 void addConvertCommand(CLI::App& program);
 void addHitCommand(CLI::App& program);
 void addTransformCommand(CLI::App& program);
+void addRoundCommand(CLI::App& program);
+void addTrimCommand(CLI::App& program);
 void addCompareCommand(CLI::App& program);
 void addSheetCommand(CLI::App& program);
 void addSpringCommand(CLI::App& program);

@@ -50,6 +50,8 @@ void describe(CLI::App& program) {
         "  quorin render icon.svg icon.png --size 512 --anchors\n"
         "  quorin convert icon.svg icon.json     anchors, handles, behaviours and paint\n"
         "  quorin transform icon.svg twice.svg --scale 2\n"
+        "  quorin round icon.svg soft.svg --radius 2\n"
+        "  quorin trim icon.svg part.svg --from 0.2 --to 0.7\n"
         "  quorin hit icon.svg --at 12,7.5       what a click there meets\n"
         "  quorin sheet sheet.png icons/*.svg    many drawings in one picture\n"
         "  quorin spring rk4 --plot curve.png    how a spring comes to rest\n"
@@ -61,6 +63,8 @@ void describe(CLI::App& program) {
     addRenderCommand(program);
     addConvertCommand(program);
     addTransformCommand(program);
+    addRoundCommand(program);
+    addTrimCommand(program);
     addHitCommand(program);
     addCompareCommand(program);
     addSheetCommand(program);

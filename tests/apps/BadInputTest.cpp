@@ -19,6 +19,8 @@ std::vector<std::vector<std::string>> commandsReading(const std::string& file,
             {"convert", file, output + ".json"},
             {"render", file, output + ".png"},
             {"transform", file, output + ".svg", "--scale", "2"},
+            {"round", file, output + ".json", "--radius", "2"},
+            {"trim", file, output + ".svg", "--to", "0.5"},
             {"compare", file, file},
             {"sheet", output + ".png", file}};
 }
