@@ -102,6 +102,16 @@ CGPoint pointOf(std::string_view option, std::string_view text) {
     refuse(option, text, "expected two numbers X,Y");
 }
 
+CGSize extentOf(std::string_view option, std::string_view text) {
+    const std::size_t cross = text.find('x');
+    const auto width = parseFinite(text.substr(0, cross));
+    const auto height =
+        cross == std::string_view::npos ? width : parseFinite(text.substr(cross + 1));
+    if (!width || !height || *width <= 0 || *height <= 0)
+        refuse(option, text, "expected a size as S or WxH, above 0");
+    return {*width, *height};
+}
+
 CGSize scaleOf(std::string_view option, std::string_view text) {
     CGSize scale;
     if (const auto factor = parseFinite(text))

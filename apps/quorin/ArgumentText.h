@@ -26,6 +26,8 @@ CGFloat swingingRatioOf(std::string_view option, std::string_view text);
 CGFloat cornerRadiusOf(std::string_view option, std::string_view text);
 /// "X,Y"
 CGPoint pointOf(std::string_view option, std::string_view text);
+/// "WxH", or "S" for both, above 0.
+CGSize extentOf(std::string_view option, std::string_view text);
 /// "S" for both directions or "SX,SY", neither of them 0.
 CGSize scaleOf(std::string_view option, std::string_view text);
 /// "A,B,C,D,TX,TY", with an inverse.

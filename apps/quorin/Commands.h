@@ -12,6 +12,7 @@ void addInfoCommand(CLI::App& program);
 void addRenderCommand(CLI::App& program);
 void addConvertCommand(CLI::App& program);
 void addHitCommand(CLI::App& program);
+void addShapeCommand(CLI::App& program);
 void addTransformCommand(CLI::App& program);
 void addRoundCommand(CLI::App& program);
 void addTrimCommand(CLI::App& program);

@@ -49,6 +49,7 @@ void describe(CLI::App& program) {
         "  quorin info --json icons/*.svg        the same of many, for programs\n"
         "  quorin render icon.svg icon.png --size 512 --anchors\n"
         "  quorin convert icon.svg icon.json     anchors, handles, behaviours and paint\n"
+        "  quorin shape star --radius1 50 --fill gold star.svg\n"
         "  quorin transform icon.svg twice.svg --scale 2\n"
         "  quorin round icon.svg soft.svg --radius 2\n"
         "  quorin trim icon.svg part.svg --from 0.2 --to 0.7\n"
@@ -62,6 +63,7 @@ void describe(CLI::App& program) {
     addInfoCommand(program);
     addRenderCommand(program);
     addConvertCommand(program);
+    addShapeCommand(program);
     addTransformCommand(program);
     addRoundCommand(program);
     addTrimCommand(program);

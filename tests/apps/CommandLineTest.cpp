@@ -16,8 +16,8 @@ using test::WentWell;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-const std::string commands[] = {"info", "render", "convert", "transform", "round",
-                                "trim", "hit",    "compare", "sheet",     "spring"};
+const std::string commands[] = {"info", "render", "convert", "shape", "transform", "round",
+                                "trim", "hit",    "compare", "sheet", "spring"};
 
 TEST(CommandLine, helpsWithEveryCommandAndExamples) {
     const ProgramRun run = runQuorin({"--help"});
