@@ -145,6 +145,14 @@ public:
     /// The path as it is drawn: each straight anchor with a radius becomes an arc of that radius in
     /// whole points, or of what fits.
     std::shared_ptr<Path> roundedCornerPath() const;
+    /// The same beside sides of any shape: each arc lies on the circle of the very radius that
+    /// touches both sides, or on the largest smaller one that fits into the halves of the sides
+    /// next to the corner and is crossed by neither. Where `roundedCornerPath` leaves a bend beside
+    /// a curved side, sides and arcs here go on in one direction, to about 1e-10 radians, and an
+    /// arc beyond a quarter turn has several pieces. Corners stay sharp where sides go on in line
+    /// or go back on themselves. Other anchors keep their behaviours; only one whose handle was
+    /// shortened with its side is mirrored no longer, but asymmetric.
+    std::shared_ptr<Path> smoothlyRoundedPath() const;
     /// The stretch between two fractions of the length, rebuilt as an open path by `setCurves`;
     /// from 0 to 1, within `epsilon`, this path itself. Fractions are clamped to [0, 1]; empty when
     /// `to` is not beyond `from`, in a closed path too.
