@@ -48,8 +48,9 @@ Quaternion Quaternion::interpolated(const Quaternion& with, CGFloat t) const {
 }
 
 std::string Quaternion::description() const {
-    return "Quaternion(" + fixedText(x) + ", " + fixedText(y) + ", " + fixedText(z) + ", " +
-           fixedText(w) + ")";
+    std::string text = "Quaternion( ";
+    text.append(fixedText(x)).append(", ").append(fixedText(y)).append(", ");
+    return text.append(fixedText(z)).append(", ").append(fixedText(w)).append(")");
 }
 
 void Quaternion::encode(Encoder& encoder) const {

@@ -33,8 +33,8 @@ struct Quaternion {
 
     /// By w about the axis (x, y, z), which is taken as it is: it should have length one.
     static Quaternion withAxisAngle(const Vector4& axisAngle);
-    /// `pitch()`, `yaw()` and `roll()` do not lead back to these angles: the two sides keep
-    /// different orders of the rotations.
+    /// Three angles of 0 give (1, 0, 0, 0), half a turn about x, and each angle brings in a field
+    /// of its own: `pitch()`, `yaw()` and `roll()` do not lead back to these angles.
     static Quaternion withPitchYawRoll(CGFloat pitch, CGFloat yaw, CGFloat roll);
 
     constexpr Vector3 xyz() const { return {x, y, z}; }
@@ -70,7 +70,7 @@ struct Quaternion {
     /// it is the one between the quaternions as they are, which may be the longer one.
     Quaternion interpolated(const Quaternion& with, CGFloat t) const;
 
-    /// "Quaternion( 0.000, -0.500,  0.000,  1.000)": three decimals, a blank in the place of a
+    /// "Quaternion(  0.000, -0.500,  0.000,  1.000)": three decimals, a blank in the place of a
     /// plus.
     std::string description() const;
 

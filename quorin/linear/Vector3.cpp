@@ -6,7 +6,9 @@
 namespace quorin {
 
 std::string Vector3::description() const {
-    return "Vector3(" + fixedText(x) + ", " + fixedText(y) + ", " + fixedText(z) + ")";
+    std::string text = "Vector3( ";
+    text.append(fixedText(x)).append(", ").append(fixedText(y));
+    return text.append(", ").append(fixedText(z)).append(")");
 }
 
 void Vector3::encode(Encoder& encoder) const {

@@ -109,7 +109,7 @@ struct Vector3 {
     /// bottom right.
     constexpr Vector3 resizeVectorWithRectCorner(RectCorner corner) const;
 
-    /// "Vector3( 1.000, -2.000,  0.500)": three decimals, a blank in the place of a plus.
+    /// "Vector3(  1.000, -2.000,  0.500)": three decimals, a blank in the place of a plus.
     std::string description() const;
 
     /// Under the keys "x", "y" and "z".

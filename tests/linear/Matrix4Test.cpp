@@ -278,10 +278,10 @@ TEST(Matrix4Description, listsTheRowsAndThePartsInDegrees) {
               "   0.000,  0.000,  4.000, -7.500, \n"
               "   0.000,  0.000,  0.000,  1.000 ]\n"
               "isAffine: true\n"
-              "T: Vector3( 5.000,  6.000, -7.500)\n"
-              "R: Vector3( 0.000, -0.000,  30.000)\n"
-              "S: Vector3( 2.000,  3.000,  4.000)\n"
-              "Q: Quaternion( 0.000,  0.000,  0.259,  0.966)\n");
+              "T: Vector3(  5.000,  6.000, -7.500)\n"
+              "R: Vector3(  0.000, -0.000,  30.000)\n"
+              "S: Vector3(  2.000,  3.000,  4.000)\n"
+              "Q: Quaternion(  0.000,  0.000,  0.259,  0.966)\n");
 }
 
 TEST(Matrix4Description, tellsPerspective) {

@@ -1,5 +1,6 @@
 #include "quorin/linear/Quaternion.h"
 
+#include <cstdio>
 #include <limits>
 #include <numbers>
 
@@ -210,7 +211,14 @@ TEST(QuaternionHash, agreesWithEqualityAndCountsTheOrder) {
 
 TEST(QuaternionDescription, hasThreeDecimals) {
     EXPECT_EQ(Quaternion(1, -0.5, 0.0625, 12.34567).description(),
-              "Quaternion( 1.000, -0.500,  0.062,  12.346)");
+              "Quaternion(  1.000, -0.500,  0.062,  12.346)");
+}
+
+TEST(QuaternionDescription, isThatOfTheCFormat) {
+    char expected[80];
+    std::snprintf(expected, sizeof expected, "Quaternion( % 4.3lf, % 4.3lf, % 4.3lf, % 4.3lf)",
+                  -0.5, 0.25, -7.125, 1e6);
+    EXPECT_EQ(Quaternion(-0.5, 0.25, -7.125, 1e6).description(), expected);
 }
 
 TEST(QuaternionRecord, hasTheFieldsUnderTheirNamesAndRequiresThem) {

@@ -1,5 +1,6 @@
 #include "quorin/linear/Vector3.h"
 
+#include <cstdio>
 #include <limits>
 #include <numbers>
 #include <vector>
@@ -231,7 +232,15 @@ TEST(Vector3Resize, turnsADragOfEachHandleIntoAChangeOfSize) {
 }
 
 TEST(Vector3Description, hasThreeDecimals) {
-    EXPECT_EQ(Vector3(1, -2.5, 1234.56789).description(), "Vector3( 1.000, -2.500,  1234.568)");
+    EXPECT_EQ(Vector3(1, -2.5, 1234.56789).description(), "Vector3(  1.000, -2.500,  1234.568)");
+    EXPECT_EQ(Vector3(-1, 2.5, 0).description(), "Vector3( -1.000,  2.500,  0.000)");
+}
+
+TEST(Vector3Description, isThatOfTheCFormat) {
+    char expected[80];
+    std::snprintf(expected, sizeof expected, "Vector3( % 4.3lf, % 4.3lf, % 4.3lf)", 0.5, -7.25,
+                  1e6);
+    EXPECT_EQ(Vector3(0.5, -7.25, 1e6).description(), expected);
 }
 
 TEST(Vector3Operators, workByComponent) {
