@@ -2,26 +2,35 @@
 
 #include <concepts>
 #include <cstdint>
+#include <type_traits>
 #include <utility>
 #include <variant>
 
 namespace quorin {
 
+/// The plain types that are boxed as numbers, Booleans included. Characters are not: nobody could
+/// tell whether the letter or its code is meant.
+template <typename Type>
+concept PlainNumber = std::is_arithmetic_v<Type> &&
+    !(std::same_as<Type, char> || std::same_as<Type, wchar_t> || std::same_as<Type, char8_t> ||
+      std::same_as<Type, char16_t> || std::same_as<Type, char32_t>);
+
 /// A boxed number: a Boolean, a 64-bit integer or a double, as it was put in.
 class NSNumber {
 public:
-    // All implicit: numbers box themselves.
-    template <std::same_as<bool> Boolean>
-    NSNumber(Boolean value) : content(value) {}
-    /// A double when an unsigned integer is too large for the signed one.
-    template <std::integral Integer>
-    requires(!std::same_as<Integer, bool>) NSNumber(Integer value)
-        : content(static_cast<double>(value)) {
-        if (std::in_range<std::int64_t>(value))
+    /// An unsigned integer too large for the signed one becomes a double. Implicit: numbers box
+    /// themselves.
+    template <PlainNumber Number>
+    NSNumber(Number value) {
+        if constexpr (std::same_as<Number, bool>)
+            content = value;
+        else if constexpr (std::floating_point<Number>)
+            content = static_cast<double>(value);
+        else if (std::in_range<std::int64_t>(value))
             content = static_cast<std::int64_t>(value);
+        else
+            content = static_cast<double>(value);
     }
-    template <std::floating_point Floating>
-    NSNumber(Floating value) : content(static_cast<double>(value)) {}
 
     bool isBoolean() const { return std::holds_alternative<bool>(content); }
     bool isInteger() const { return std::holds_alternative<std::int64_t>(content); }

@@ -26,7 +26,9 @@ namespace quorin {
 
 /// A value of a type known only while running, or nothing: a Boolean, integer, double, text, list,
 /// map from text, point, size, rect, 3D transform, colour or object. What it is made from decides
-/// its type. It never changes but by assignment; copies share lists, maps and objects.
+/// its type. It never changes but by assignment; copies share lists, maps and objects, and may be
+/// used by several threads at once. What nests is compared and destroyed by recursion, which the
+/// stack bears for a few thousand levels.
 class Value {
 public:
     using List = std::vector<Value>;
@@ -35,8 +37,8 @@ public:
     Value() = default;
     // All implicit: whatever a value can hold becomes one by itself.
     Value(std::nullptr_t) {}
-    template <typename Number>
-    requires std::is_arithmetic_v<Number> Value(Number number) : Value(NSValue(NSNumber(number))) {}
+    template <PlainNumber Number>
+    Value(Number number) : Value(NSValue(NSNumber(number))) {}
     Value(NSNumber number) : Value(NSValue(number)) {}
     Value(NSValue value) : content(std::move(value)) {}
     Value(CGPoint point) : Value(NSValue(point)) {}
@@ -45,7 +47,11 @@ public:
     Value(const CATransform3D& transform) : Value(NSValue(transform)) {}
     Value(std::string text) : content(std::move(text)) {}
     Value(std::string_view text) : content(std::string(text)) {}
-    Value(const char* text) : content(std::string(text)) {}
+    /// Nothing for a null pointer.
+    Value(const char* text) {
+        if (text)
+            content = std::string(text);
+    }
     Value(List list) : content(Shared(std::move(list))) {}
     Value(Map map) : content(Shared(std::move(map))) {}
     Value(CGColor color) : content(color) {}
@@ -54,6 +60,15 @@ public:
     requires std::is_convertible_v<Kind*, Object*> Value(std::shared_ptr<Kind> object) {
         if (object)
             content = std::shared_ptr<Object>(std::move(object));
+    }
+
+    Value(const Value&) = default;
+    Value(Value&&) = default;
+    ~Value() = default;
+    // By value: what is assigned may stand in the very list that the assignment releases.
+    Value& operator=(Value other) noexcept {
+        content = std::move(other.content);
+        return *this;
     }
 
     bool isNothing() const { return std::holds_alternative<std::monostate>(content); }

@@ -24,6 +24,18 @@ TEST(NSNumber, keepsTheTypeItWasMadeFrom) {
     EXPECT_THAT(NSNumber(1.0f).objCType(), StrEq("d"));
 }
 
+TEST(NSNumber, isNotMadeFromCharactersOrPointers) {
+    EXPECT_FALSE((std::is_constructible_v<NSNumber, char>));
+    EXPECT_FALSE((std::is_constructible_v<NSNumber, wchar_t>));
+    EXPECT_FALSE((std::is_constructible_v<NSNumber, char8_t>));
+    EXPECT_FALSE((std::is_constructible_v<NSNumber, char16_t>));
+    EXPECT_FALSE((std::is_constructible_v<NSNumber, char32_t>));
+    EXPECT_FALSE((std::is_constructible_v<NSNumber, const char*>));
+    EXPECT_FALSE((std::is_constructible_v<NSNumber, int*>));
+    EXPECT_TRUE((std::is_constructible_v<NSNumber, signed char>));
+    EXPECT_TRUE((std::is_constructible_v<NSNumber, unsigned char>));
+}
+
 TEST(NSNumber, isOfOneKindOnly) {
     const NSNumber boolean = true, integer = 1, number = 1.0;
     EXPECT_TRUE(boolean.isBoolean() && !boolean.isInteger() && !boolean.isDouble());

@@ -91,6 +91,15 @@ TEST(Value, takesNoOtherPointerForABoolean) {
     EXPECT_FALSE((std::is_convertible_v<std::shared_ptr<int>, Value>));
 }
 
+TEST(Value, takesNoCharacterForANumber) {
+    EXPECT_FALSE((std::is_constructible_v<Value, char>));
+    EXPECT_FALSE((std::is_constructible_v<Value, char32_t>));
+}
+
+TEST(Value, isNothingForANullText) {
+    EXPECT_TRUE(Value(static_cast<const char*>(nullptr)).isNothing());
+}
+
 TEST(Value, readsListsAndMapsOfValuesWithinEachOther) {
     const Value value = Value::Map{
         {"isClosed", true},
@@ -200,6 +209,35 @@ TEST(Value, canStillBeReadAfterAMove) {
     const Value moved = std::move(list);
     EXPECT_EQ(moved.asList()->size(), 2U);
     EXPECT_EQ(list, moved);  // NOLINT: the very case
+}
+
+TEST(Value, takesTheFirstOfItsOwnElementsByAssignment) {
+    for (const Value& element : oneOfEachType()) {
+        Value list = Value::List{element};
+        list = list.asList()->front();
+        EXPECT_EQ(list, element);
+        Value map = Value::Map{{"x", element}};
+        map = map.asMap()->at("x");
+        EXPECT_EQ(map, element);
+    }
+    Value itself = Value::List{1, 2};
+    itself = *&itself;
+    EXPECT_EQ(itself.asList()->size(), 2U);
+}
+
+TEST(Value, canNestAThousandLevelsDeep) {
+    const auto nested = [](Value innermost) {
+        for (int level = 0; level < 1000; ++level)
+            innermost = Value::List{Value::Map{{"x", innermost}}};
+        return innermost;
+    };
+    EXPECT_EQ(nested(1), nested(1));
+    EXPECT_FALSE(nested(1) == nested(2));
+}
+
+TEST(Value, isMovedWithinAGrowingList) {
+    EXPECT_TRUE(std::is_nothrow_move_constructible_v<Value>);
+    EXPECT_TRUE(std::is_nothrow_move_assignable_v<Value>);
 }
 
 TEST(Value, takesAnotherTypeByAssignment) {
