@@ -9,14 +9,10 @@ namespace {
 CGFloat cotangent(CGFloat angle) { return std::cos(angle) / std::sin(angle); }
 
 Matrix4 perspective(CGFloat sx, CGFloat sy, CGFloat near, CGFloat far) {
-    return {sx, 0,  0,
-            0,  //
-            0,  sy, 0,
-            0,  //
-            0,  0,  -(near + far) / (far - near),
-            -1,  //
-            0,  0,  -2 * near * far / (far - near),
-            0};
+    return Matrix4::withColumns({sx, 0, 0, 0},                             //
+                                {0, sy, 0, 0},                             //
+                                {0, 0, -(near + far) / (far - near), -1},  //
+                                {0, 0, -2 * near * far / (far - near), 0});
 }
 
 }  // namespace

@@ -37,6 +37,14 @@ TEST(BakedTransform, isTheIdentityForTheOwnCorners) {
     EXPECT_TRUE(Matrix4::bakedTransform(cornersAboutOrigin(30, 20), bounds).isNearlyIdentity());
 }
 
+TEST(BakedTransform, dividesByTheLastElementRatherThanMultiplyByItsInverse) {
+    for (int size = 1; size < 50; ++size)  // whole numbers, and so exact until then
+        EXPECT_TRUE(Matrix4::bakedTransform(cornersAboutOrigin(2 * size, 2 * size),
+                                            CGRectMake(0, 0, 2 * size, 2 * size))
+                        .isIdentity())
+            << size;
+}
+
 TEST(BakedTransform, isTheIdentityForEmptyBoundsWithoutALookAtThePoints) {
     EXPECT_EQ(Matrix4::bakedTransform({}, CGRectMake(7, 8, 0, 0)), Matrix4::identity);
     EXPECT_EQ(Matrix4::bakedTransform(cornersAboutOrigin(9, 9), CGRect::zero), Matrix4::identity);

@@ -159,6 +159,11 @@ TEST(Matrix3Interpolated, goesElementByElementAndBeyond) {
     EXPECT_EQ(a.interpolated(b, -1), Matrix3(-10, -7, -4, -1, 2, 5, 8, 11, 14));
 }
 
+TEST(Matrix3Interpolated, addsAPartOfTheDifference) {
+    const Matrix3 large = Matrix3::identity * 1e16;  // 1 - 1e16 is -1e16
+    EXPECT_EQ(large.interpolated(Matrix3::identity, 1), Matrix3(0, 0, 0, 0, 0, 0, 0, 0, 0));
+}
+
 TEST(Matrix3Equality, isExactOrTolerantInEveryElement) {
     EXPECT_EQ(Matrix3(1, -0.0, 0, 0, 1, 0, 0, 0, 1), Matrix3::identity);
     for (std::size_t i = 0; i < 9; ++i) {

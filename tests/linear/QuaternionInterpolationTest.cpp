@@ -76,6 +76,11 @@ TEST(QuaternionInterpolated, clampsTheDotProductOfLongQuaternions) {
         isNearlyEqual(two.interpolated({0, 0, 0, -3}, 0.25), Quaternion{0, 0, 0, 2 * c - s}));
 }
 
+TEST(QuaternionInterpolated, blendsByAddingAPartOfTheDifference) {
+    const Quaternion large{0, 0, 0, 1e16};  // 1 - 1e16 is -1e16
+    EXPECT_EQ(large.interpolated(Quaternion::identity, 1), Quaternion::zero);
+}
+
 /// The arc by sines of its parts, which needs no orthogonal quaternion.
 test::WideQuaternion wideArc(const Quaternion& a, const Quaternion& b, long double t) {
     const test::WideQuaternion from = test::wide(a), to = test::wide(b);

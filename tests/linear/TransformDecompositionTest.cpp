@@ -85,6 +85,20 @@ TEST(Decompose, dividesByTheFieldOfTheLargestDiagonalElement) {
     EXPECT_TRUE(isNearlyEqual(z.decompose().quaternion, Quaternion{b, c, a, w}));
 }
 
+/// Again no rotations: only then it shows which of two fields was divided by.
+TEST(Decompose, dividesByTheLaterFieldWhereDiagonalElementsTie) {
+    const CGFloat s = 2 * std::sqrt(2.0);
+    const Matrix4 xAndY(0, 1, 0, 0, 0.8, 0, 0.6, 0, 0, 0, -1, 0, 0, 0, 0, 1);
+    EXPECT_TRUE(
+        isNearlyEqual(xAndY.decompose().quaternion, Quaternion{1.8 / s, s / 4, 0.6 / s, 0}));
+    const Matrix4 yAndZ(-1, 0, 0, 0, 0, 0, 1, 0, 0.6, 0.8, 0, 0, 0, 0, 0, 1);
+    EXPECT_TRUE(
+        isNearlyEqual(yAndZ.decompose().quaternion, Quaternion{0.6 / s, 1.8 / s, s / 4, 0}));
+    const Matrix4 xAndZ(0, 0.6, 0.8, 0, 0, -1, 0, 0, 1, 0, 0, 0, 0, 0, 0, 1);
+    EXPECT_TRUE(
+        isNearlyEqual(xAndZ.decompose().quaternion, Quaternion{1.8 / s, 0, s / 4, -0.6 / s}));
+}
+
 RC_GTEST_PROP(Decompose, givesTheConjugateOfAQuaternion, ()) {
     const Quaternion q = *test::quaternionOfPositiveW();
     const auto parts = Matrix4::withQuaternion(q).decompose();
