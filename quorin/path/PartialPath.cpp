@@ -87,8 +87,8 @@ void MeasuredCurves::addStretch(CGFloat from, CGFloat to, PathRebuild& rebuild) 
             return false;
         if (stretch->isWhole())
             rebuild.add(curve);
-        // A cut on an anchor leaves nothing of one curve, up to rounding.
-        else if ((stretch->end - stretch->start) * length >= scalar::epsilon)
+        // A cut on an anchor leaves nothing of one curve; rounding must not make it something.
+        else if ((stretch->end - stretch->start) * length >= scalar::epsilon * total)
             rebuild.add(cut(curve, *stretch, length));
         return false;
     });

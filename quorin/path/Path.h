@@ -155,7 +155,8 @@ public:
     std::shared_ptr<Path> smoothlyRoundedPath() const;
     /// The stretch between two fractions of the length, rebuilt as an open path by `setCurves`;
     /// from 0 to 1, within `epsilon`, this path itself. Fractions are clamped to [0, 1]; empty when
-    /// `to` is not beyond `from`, in a closed path too.
+    /// `to` is not beyond `from`, in a closed path too. Of a curve that is cut, no piece is kept
+    /// that is shorter than `epsilon` of the whole.
     std::shared_ptr<Path> partialPath(CGFloat from, CGFloat to);
     std::shared_ptr<const Path> partialPath(CGFloat from, CGFloat to) const;
     /// The stretch of a closed path that runs from one fraction of its length on to another, past

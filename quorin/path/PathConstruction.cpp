@@ -1,6 +1,5 @@
 #include "quorin/path/Path.h"
 
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -8,7 +7,6 @@
 
 #include "quorin/geometry/PointArithmetic.h"
 #include "quorin/geometry/Scalar.h"
-#include "quorin/path/RectCorners.h"
 #include "quorin/platform/values/FatalError.h"
 
 namespace quorin {
@@ -37,9 +35,9 @@ std::size_t starAnchorCount(std::ptrdiff_t numPoints) {
 
 std::shared_ptr<Path> Path::rectangle(const CGRect& with) {
     auto path = create();
-    path->_segments.reserve(4);
-    for (const CGPoint& corner : rectCorners(with))
-        path->append().point = corner;
+    for (int i = 0; i < 4; ++i)
+        path->append();
+    path->setBounds(with);
     path->_isClosed = true;
     return path;
 }

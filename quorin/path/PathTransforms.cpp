@@ -7,7 +7,6 @@
 #include "quorin/geometry/PointArithmetic.h"
 #include "quorin/geometry/Scalar.h"
 #include "quorin/linear/Vector3.h"
-#include "quorin/path/RectCorners.h"
 
 namespace quorin {
 
@@ -27,8 +26,12 @@ void Path::changeAnchors(Body body) {
 }
 
 void Path::setBounds(const CGRect& rect) {
+    // The fields as they are stored: a negative size mirrors the order of the corners.
+    const auto& [x, y] = rect.origin;
+    const auto& [width, height] = rect.size;
+    const CGPoint corners[] = {{x, y}, {x + width, y}, {x + width, y + height}, {x, y + height}};
     std::size_t index = 0;
-    for (const CGPoint& corner : rectCorners(rect)) {
+    for (const CGPoint& corner : corners) {
         Segment segment = _segments[index];
         segment.setPoint(corner);
         _segments.setAt(index++, segment);

@@ -214,6 +214,13 @@ TEST(InsertAnchor, makesAMirroredNeighbourAsymmetric) {
     EXPECT_EQ(path->segments()[1].handleOut(), (CGPoint{scalar::kappa / 2, 0}));
 }
 
+TEST(InsertAnchor, leavesAMirroredNeighbourWithoutHandlesMirrored) {
+    const auto path = Path::line({0, 0}, {8, 0});
+    path->segments().setAt(0, anchor({0, 0}, {}, {}, PointBehavior::mirrored, 0));
+    path->insertAnchorAt(placeOn(*path, 0, 0.5));
+    EXPECT_EQ(path->segments()[0].behavior(), PointBehavior::mirrored);
+}
+
 TEST(InsertAnchor, isStraightOnAStraightCurve) {
     const auto path = archway();
     const auto before = Path::create(*path);

@@ -3,6 +3,7 @@
 
 #include "quorin/geometry/Clamped.h"
 #include "quorin/geometry/PointArithmetic.h"
+#include "quorin/linear/Vector3.h"
 #include "quorin/path/Path.h"
 #include "tests/TestSupport.h"
 #include "tests/path/PathCacheProbe.h"
@@ -104,6 +105,27 @@ TEST(PartialPath, leavesOutPiecesThatRoundingWouldLeaveAtAnchors) {
     }
 }
 
+TEST(PartialPath, startsAndEndsAtAnyAnchorWithWholeCurves) {
+    // The fraction of an anchor times the length falls short of it or beyond it by a rounding.
+    RandomCurves random(CurveKind::anywhere);
+    for (int round = 0; round < 30; ++round) {
+        const auto path = random.path(12, true);
+        path->scale({1e3, 1e3, 1});
+        const auto curves = cubicsOf(*path);
+        const CGFloat length = path->length();
+        CGFloat walked = 0;
+        for (std::size_t i = 1; i < curves.size(); ++i) {
+            walked += curves[i - 1].length();
+            const auto before = cubicsOf(*path->partialPath(0, walked / length));
+            const auto after = cubicsOf(*path->partialPath(walked / length, 1));
+            ASSERT_EQ(before.size(), i) << round;
+            ASSERT_EQ(after.size(), curves.size() - i) << round;
+            EXPECT_NEAR(distance(before.back().p2, curves[i].p1), 0, 1e-6);
+            EXPECT_NEAR(distance(after.front().p1, curves[i].p1), 0, 1e-6);
+        }
+    }
+}
+
 TEST(PartialPath, cutsInsideOneCurve) {
     const auto part = ruler()->partialPath(15.0 / 60, 25.0 / 60);
     ASSERT_EQ(part->segments().count(), 2u);
@@ -158,8 +180,10 @@ TEST(PartialPath, isEmptyWithoutLength) {
     const auto speck = Path::line({0, 0}, {9e-13, 0});
     const auto point = Path::create();
     point->moveTo({1, 1});
-    for (const auto& path : {dot, speck, point, Path::create()})
+    for (const auto& path : {dot, speck, point, Path::create()}) {
         EXPECT_THAT(pointsOf(path->partialPath(0.2, 0.7)), IsEmpty());
+        EXPECT_THAT(pointsOf(path->partialPath(-1, 2)), IsEmpty());
+    }
     EXPECT_EQ(Path::line({0, 0}, {1e-11, 0})->partialPath(0.2, 0.7)->segments().count(), 2u);
 }
 
@@ -302,7 +326,7 @@ std::shared_ptr<Path> plainPartialPath(const Path& path, CGFloat from, CGFloat t
             continue;
         const CGFloat start = clamped(local->first, ClosedRange{0.0, 1.0});
         const CGFloat end = clamped(local->second, ClosedRange{0.0, 1.0});
-        if ((end - start) * l < 1e-12)
+        if (local != std::pair(0.0, 1.0) && (end - start) * l < 1e-12 * L)
             continue;
         const auto startTime = curve.timeAt(start * l).value_or(PathCurveTime::end);
         const auto endTime = curve.timeAt(end * l).value_or(PathCurveTime::end);

@@ -279,6 +279,10 @@ TEST(PathTransforms, giveBorrowedSegmentsTheirIndicesAndDropBothCaches) {
          }},
         {"reverse", [](Path& path) { path.reverse(); }},
         {"bounds", [](Path& path) { path.setBounds(CGRectMake(0, 0, 1, 1)); }},
+        {"count",
+         [](Path& path) {
+             Path::line({0, 0}, {1, 1})->adjustPathSegments(path);
+         }},
     };
     for (const auto& [says, change] : table) {
         SCOPED_TRACE(says);
