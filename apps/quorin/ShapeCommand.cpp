@@ -26,7 +26,7 @@ struct ShapeOptions {
     std::optional<CGFloat> radius2;
     CGFloat cornerRadius = 0;
     std::optional<DrawingColor> fill, stroke;
-    CGFloat strokeWidth = 1;
+    std::optional<CGFloat> strokeWidth;
 };
 
 std::shared_ptr<Path> rectangle(const ShapeOptions& options) {
@@ -61,14 +61,20 @@ DrawingShape shapeOf(const std::shared_ptr<Path>& path, const ShapeOptions& opti
     shape.outline = CompoundPath::create({rounded(path, options.cornerRadius)});
     shape.paint.fill = brushOf(options.fill);
     shape.paint.stroke = brushOf(options.stroke);
-    shape.paint.strokeWidth = options.strokeWidth;
+    shape.paint.strokeWidth = options.strokeWidth.value_or(1);
     return shape;
 }
 
-void run(const ShapeOptions& options, std::shared_ptr<Path> (*pathOf)(const ShapeOptions&)) {
+void requirePaint(const ShapeOptions& options) {
     if (!options.fill && !options.stroke)
         throw CLI::ParseError("Without fill or line there is nothing to see",
                               CLI::ExitCodes::ValidationError);
+    if (options.strokeWidth && !options.stroke)
+        throw CLI::ParseError("--stroke-width requires --stroke", CLI::ExitCodes::RequiresError);
+}
+
+void run(const ShapeOptions& options, std::shared_ptr<Path> (*pathOf)(const ShapeOptions&)) {
+    requirePaint(options);
     requireDrawingName(options.output);
     const DrawingShape shape = shapeOf(pathOf(options), options);
     const CGRect page = drawnBox(shape);
@@ -123,25 +129,20 @@ public:
         options->fill = DrawingColor{};
         addParsedOption(*command, "--fill", "COLOUR", options->fill, colorOf,
                         "A colour as in CSS, or none [black]");
-        CLI::Option* const stroke = addStroke("A colour as in CSS, or none [none]");
-        addStrokeWidth()->needs(stroke);
+        addStroke("A colour as in CSS, or none [none]");
         command->footer(footer);
     }
     void lineWith(const std::string& footer) {
         options->stroke = DrawingColor{};
         addStroke("A colour as in CSS [black]");
-        addStrokeWidth();
         command->footer(footer);
     }
 
 private:
-    CLI::Option* addStroke(const std::string& description) {
-        return addParsedOption(*command, "--stroke", "COLOUR", options->stroke, colorOf,
-                               description);
-    }
-    CLI::Option* addStrokeWidth() {
-        return addParsedOption(*command, "--stroke-width", "W", options->strokeWidth, positiveOf,
-                               "Of the line [1]");
+    void addStroke(const std::string& description) {
+        addParsedOption(*command, "--stroke", "COLOUR", options->stroke, colorOf, description);
+        addParsedOption(*command, "--stroke-width", "W", options->strokeWidth, positiveOf,
+                        "Of the line [1]");
     }
 
     std::shared_ptr<ShapeOptions> options;

@@ -197,7 +197,7 @@ void addKinds(CLI::App& spring) {
 
 void addSpringCommand(CLI::App& program) {
     CLI::App* const spring = program.add_subcommand(
-        "spring", "Follow a spring from 0 to rest at 1: when it settles, its values, a picture");
+        "spring", "Follow a spring to rest: when it settles, its values, a plot");
     spring->require_subcommand(1);
     spring->footer(
         "Each kind is described by numbers of its own and has a --help. A value counts as settled\n"

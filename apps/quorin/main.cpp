@@ -74,7 +74,8 @@ void describe(CLI::App& program) {
 }
 
 int obey(int argumentCount, char** arguments) {
-    CLI::App program("Looks into vector drawings, converts, paints and hit-tests them.", "quorin");
+    CLI::App program("Looks into vector drawings, makes, changes and paints them; follows springs.",
+                     "quorin");
     describe(program);
     try {
         program.parse(argumentCount, arguments);
