@@ -227,16 +227,50 @@ TEST(LargestTangentCircle, touchesBothSidesAndIsCrossedByNeither) {
         }
 }
 
-TEST(LargestTangentCircle, growsUntilItMeetsALimit) {
-    // A circle between a line and its mirror image touches where the other side bends in.
+TEST(LargestTangentCircle, growsUntilASideCrossesIt) {
+    // The second side comes back towards the corner, in the way of circles that touch it further
+    // up.
     const CubicBezier line{{100, 0}, {-30, 0}, {30, 0}, {0, 0}};
-    const CubicBezier bay{{0, 0}, {0, 40}, {-60, 0}, {70, 60}};
-    const auto circle = largestTangentCircle({line, bay, 0, 1}, 1000);
+    const CubicBezier hook{{0, 0}, {0, 150}, {50, 130}, {40, 20}};
+    const auto circle = largestTangentCircle({line, hook, 0, 1}, 1000);
     ASSERT_TRUE(circle);
-    const auto larger = largestTangentCircle({line, bay, 0, 1}, circle->radius * 0.999);
-    ASSERT_TRUE(larger);
-    EXPECT_EQ(larger->radius, circle->radius * 0.999) << "what is smaller fits";
-    EXPECT_LT(circle->radius, 100);
+    const CGPoint centre = {line.pointAt(circle->timeBefore)->x, circle->radius};
+    EXPECT_NEAR(distance(centre, *hook.pointAt(circle->timeAfter)), circle->radius, 1e-11);
+    EXPECT_NEAR(distance(centre, hook.p2), circle->radius, 1e-6) << "the third touch";
+    EXPECT_LT(circle->timeAfter, 0.2);
+
+    const auto smaller = largestTangentCircle({line, hook, 0, 1}, circle->radius * 0.999);
+    ASSERT_TRUE(smaller);
+    EXPECT_EQ(smaller->radius, circle->radius * 0.999);
+}
+
+TEST(LargestTangentCircle, growsUntilItReachesTheEarliestAndTheLatestTime) {
+    const CubicBezier line{{100, 0}, {-30, 0}, {30, 0}, {0, 0}};
+    const CubicBezier other{{0, 0}, {0, 40}, {-10, -20}, {-20, 90}};
+    EXPECT_NEAR(largestTangentCircle({line, other, 0.8, 1}, 1000)->timeBefore, 0.8, 1e-9);
+    EXPECT_NEAR(largestTangentCircle({line, other, 0, 0.1}, 1000)->timeAfter, 0.1, 1e-9);
+}
+
+TEST(SmoothlyRoundedPath, keepsTheShapeOfWhatIsLeftOfTheSides) {
+    for (const auto& [name, make, corners] : shapes) {
+        SCOPED_TRACE(name);
+        const auto path = make(6);
+        const auto sides = cubicsOf(*path);
+        const auto distanceFromSides = [&](CGPoint place) {
+            CGFloat least = scalar::greatestFinite;
+            for (const CubicBezier& side : sides)
+                least = std::min(least, side.nearest(place, 1e-10).distance);
+            return least;
+        };
+        std::size_t stretches = 0;
+        for (const CubicBezier& curve : cubicsOf(*path->smoothlyRoundedPath())) {
+            CGFloat farthest = 0;
+            for (const CGFloat t : {0.2, 0.5, 0.7})
+                farthest = std::max(farthest, distanceFromSides(*curve.pointAt(t)));
+            stretches += farthest < seamless;
+        }
+        EXPECT_EQ(stretches, sides.size());
+    }
 }
 
 TEST(SmoothlyRoundedPath, leavesSidesInLineAndSpikesAndCuspsSharp) {
