@@ -123,9 +123,12 @@ struct Matrix4 {
     /// Not finite where the determinant is 0.
     constexpr Matrix4 inverse() const;
 
+    /// Exact, as `==`.
     constexpr bool isIdentity() const;
+    /// Whether all elements are within `scalar::epsilon` of the identity's.
     bool isNearlyIdentity() const;
-    /// Whether there is no perspective, m44 apart.
+    /// Whether there is no perspective: m14, m24 and m34 are within `scalar::epsilon` of 0, and
+    /// m44 does not count.
     bool isAffine() const;
 
     /// The translation, rotation and scale that this matrix is made of. A mirror is in the x of

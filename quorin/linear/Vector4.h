@@ -19,7 +19,7 @@ namespace quorin {
 class Decoder;
 class Encoder;
 
-/// A homogeneous place in space, or a row of a matrix. Any component may hold any double.
+/// A homogeneous place in space, or a column of a matrix. Any component may hold any double.
 struct Vector4 {
     CGFloat x = 0, y = 0, z = 0, w = 0;
 
