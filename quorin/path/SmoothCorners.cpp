@@ -87,13 +87,30 @@ private:
                 stretch.h1 = stretch.h2 = CGPoint::zero;
             return stretch;
         }
-        CGPoint directionAt(CGFloat time) const {
-            return unitVector(*curve.weightedTangentAt(time));
+        CGPoint directionAtStart() const {
+            const CubicBezier stretch = kept();
+            return directionAlong(stretch.h1, stretch.c2() - stretch.p1);
+        }
+        CGPoint directionAtEnd() const {
+            const CubicBezier stretch = kept();
+            return directionAlong(-stretch.h2, stretch.p2 - stretch.c1());
         }
         /// Two arcs meet in the middle.
         bool isUsedUp() const {
             constexpr CGFloat shortest = 1e-9;  // points
-            return start > 0 && end < 1 && (end <= start || kept().length() < shortest);
+            if (start == 0 || end == 1 || end <= start)
+                return end <= start;
+            const CubicBezier stretch = kept();
+            return distance(stretch.p1, stretch.p2) < shortest && stretch.length() < shortest;
+        }
+
+    private:
+        // A handle of what is kept tells more than the derivative, which is vague where it is
+        // short. When nothing is kept, both arcs have to take the same direction.
+        CGPoint directionAlong(CGPoint handle, CGPoint chord) const {
+            if (isPlain || isUsedUp())
+                return unitVector(*curve.weightedTangentAt(end));
+            return unitVector(handle == CGPoint::zero ? chord : handle);
         }
     };
 
@@ -148,8 +165,8 @@ private:
 
     ArcPieces arcAt(std::size_t i) const {
         const Side& before = sides[sideBefore(i)];
-        return {before.kept().p2, before.directionAt(before.end),
-                sides[i].directionAt(sides[i].start), circles[i]->radius};
+        return {before.kept().p2, before.directionAtEnd(), sides[i].directionAtStart(),
+                circles[i]->radius};
     }
 
     void addArc(Path& rounded, std::size_t i) const {

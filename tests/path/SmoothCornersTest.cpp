@@ -346,6 +346,50 @@ TEST(SmoothlyRoundedPath, copiesAPathWithoutRadii) {
     EXPECT_EQ(*Path::create()->smoothlyRoundedPath(), *Path::create());
 }
 
+/// Curves of a kind, one after another, every anchor of which is a corner to be rounded.
+std::shared_ptr<Path> randomCorners(RandomCurves& random, CGFloat radius) {
+    const auto path = random.path(4, true);
+    for (std::size_t i = 0; i < path->segments().count(); ++i) {
+        setRadius(*path, i, radius);
+        setBehavior(*path, i, PointBehavior::straight);
+    }
+    return path;
+}
+
+TEST(SmoothlyRoundedPath, goesOnInOneDirectionBesideSidesOfAnyShape) {
+    for (const CurveKind kind : {CurveKind::anywhere, CurveKind::wholeNumbers, CurveKind::cusps,
+                                 CurveKind::loops, CurveKind::unevenLines, CurveKind::steep}) {
+        SCOPED_TRACE(nameOf(kind));
+        RandomCurves random(kind, 5);
+        std::size_t joints = 0;
+        for (int i = 0; i < 8; ++i) {
+            const auto path = randomCorners(random, random.between(1, 60));
+            const auto rounded = path->smoothlyRoundedPath();
+            for (const PathSegment& joint : rounded->segments()) {
+                if (joint.behavior() == PointBehavior::straight ||
+                    joint.handleIn() == CGPoint::zero || joint.handleOut() == CGPoint::zero)
+                    continue;
+                ++joints;
+                EXPECT_LT(angleBetween(-joint.handleIn(), joint.handleOut()), seamless);
+            }
+        }
+        EXPECT_GT(joints, 25u);
+    }
+}
+
+TEST(SmoothlyRoundedPath, startsAndEndsItsArcsOnTheSides) {
+    RandomCurves random(CurveKind::anywhere, 6);
+    for (int i = 0; i < 10; ++i) {
+        const auto path = randomCorners(random, random.between(1, 60));
+        const auto rounded = path->smoothlyRoundedPath();
+        for (const PathSegment& joint : rounded->segments()) {
+            const bool isAmidAnArc = joint.behavior() == PointBehavior::mirrored;
+            const auto nearest = path->nearestLocation(joint.point(), 1e-10);
+            EXPECT_TRUE(isAmidAnArc || nearest->distance() < seamless) << nearest->distance();
+        }
+    }
+}
+
 TEST(SmoothlyRoundedPath, answersForAnyPath) {
     for (const CurveKind kind : allCurveKinds)
         for (const bool isClosed : {false, true}) {
