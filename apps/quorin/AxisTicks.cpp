@@ -25,9 +25,11 @@ CGFloat roundStep(CGFloat atLeast) {
 
 AxisTicks::AxisTicks(CGFloat from, CGFloat to, std::size_t most)
     : step(roundStep((to - from) / static_cast<CGFloat>(std::max<std::size_t>(1, most)))) {
-    // Counted in whole steps, so that no error adds up and 0 is exactly 0.
-    for (CGFloat i = std::ceil(from / step); i * step <= to; ++i)
-        _places.push_back(i * step + 0.0);
+    // Counted in whole steps, so that no error adds up and 0 is exactly 0. An end that is a round
+    // number counts although the step that leads there may be off by a rounding.
+    constexpr CGFloat rounding = 1e-9;
+    for (CGFloat i = std::ceil(from / step - rounding); i <= to / step + rounding; ++i)
+        _places.push_back(std::clamp(i * step, from, to) + 0.0);
 }
 
 std::string AxisTicks::text(CGFloat place) const {
