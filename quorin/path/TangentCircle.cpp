@@ -56,11 +56,11 @@ public:
     std::optional<TangentCircle> largest(CGFloat radius) const {
         const bool isCorner =
             std::abs(turn) > smallestTurn && std::abs(turn) < std::numbers::pi - smallestTurn;
-        if (!isCorner || !std::isfinite(size))
-            return std::nullopt;
-
         // No circle that touches a side in its box is larger by orders of magnitude.
         const CGFloat wanted = std::min(radius, 1e6 * size);
+        if (!isCorner || !std::isfinite(wanted))
+            return std::nullopt;
+
         TangentCircle found;
         // A step that fails is too long for Newton's method, or leads to a circle without room.
         int successes = 0;

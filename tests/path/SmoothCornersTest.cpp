@@ -128,7 +128,7 @@ const Shape shapes[] = {
 
 TEST(SmoothlyRoundedPath, passesFromCurvedSidesIntoArcsWithoutGapOrBend) {
     for (const auto& [name, make, corners] : shapes)
-        for (const CGFloat radius : {1.0, 4.5, 9.25}) {
+        for (const CGFloat radius : {1.0, 9.25}) {
             SCOPED_TRACE(testing::Message() << name << " " << radius);
             const auto path = make(radius);
             const auto rounded = path->smoothlyRoundedPath();
@@ -404,6 +404,7 @@ TEST(SmoothlyRoundedPath, answersForAnyPath) {
                 EXPECT_GE(path->roundedCornerPath()->segments().count(), 1u);
             }
         }
+    EXPECT_EQ(squareWithRadius(1e305, INFINITY)->smoothlyRoundedPath()->segments().count(), 4u);
     EXPECT_EQ(polygonWithRadius({{1, 2}}, 5)->smoothlyRoundedPath()->segments().count(), 1u);
     EXPECT_EQ(polygonWithRadius({{1, 2}, {3, 4}}, 5)->smoothlyRoundedPath()->segments().count(),
               2u);
