@@ -135,6 +135,7 @@ TEST(BakedTransform, isNaNForFourPointsInALineOrBoundsWithoutArea) {
     EXPECT_TRUE(std::isnan(Matrix4::bakedTransform(inLine, CGRectMake(0, 0, 2, 2)).m11));
     const Quad points = cornersAboutOrigin(2, 2);
     EXPECT_TRUE(std::isnan(Matrix4::bakedTransform(points, CGRectMake(0, 0, 2, 0)).m11));
+    EXPECT_TRUE(std::isnan(Matrix4::bakedTransform(points, CGRectMake(0, 0, 0, 2)).m11));
 }
 
 }  // namespace
