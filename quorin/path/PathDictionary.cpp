@@ -45,6 +45,14 @@ std::optional<CGPoint> pointOf(const Value::Map& record, std::string_view key,
     return turned({numberOf(*point, "x"), numberOf(*point, "y")});
 }
 
+/// Writers that know one kind of number store the mode as a double.
+std::optional<PointBehavior> behaviorOf(const Value& mode) {
+    const NSNumber* number = mode.asNSNumber();
+    if (!number || number->isBoolean() || NSNumber(number->integerValue()) != *number)
+        return std::nullopt;
+    return pointBehaviorWithSketchRawValue(number->integerValue());
+}
+
 void read(const Value::Map& record, const Rotation& turned, PathAnchor& anchor) {
     if (const auto point = pointOf(record, "point", turned))
         anchor.point = *point;
@@ -57,8 +65,7 @@ void read(const Value::Map& record, const Rotation& turned, PathAnchor& anchor) 
     if (entryOf(record, "hasFrom").asBool() == false)
         anchor.handleOut = CGPoint::zero;
 
-    const auto mode = entryOf(record, "behaviorMode").asInteger();
-    if (const auto behavior = mode ? pointBehaviorWithSketchRawValue(*mode) : std::nullopt)
+    if (const auto behavior = behaviorOf(entryOf(record, "behaviorMode")))
         anchor.behavior = *behavior;
     anchor.radius = numberOf(record, "radius");
 }

@@ -87,7 +87,7 @@ TEST(PathDictionary, keepsTheDefaultsOfWhatHasAnotherType) {
                            {"hasFrom", 0.0},
                            {"radius", "2.5"}}),
               plain);
-    EXPECT_EQ(readSegment({{"behaviorMode", 2.0}}).behavior(), PointBehavior::straight);
+    EXPECT_EQ(readSegment({{"behaviorMode", 2.5}}).behavior(), PointBehavior::straight);
     EXPECT_EQ(readSegment({{"behaviorMode", true}}).behavior(), PointBehavior::straight);
     EXPECT_EQ(readSegment({{"radius", true}}).radius(), 0);
     EXPECT_EQ(readSegment({{"point", Value::Map{{"x", true}, {"y", "4"}}}}).point(), CGPoint::zero);
@@ -102,6 +102,7 @@ TEST(PathDictionary, readsNumbersOfAnyNumericType) {
         readSegment({{"point", Value::Map{{"x", 3}, {"y", 4.5f}}}, {"radius", std::int64_t{6}}});
     EXPECT_EQ(segment.point(), (CGPoint{3, 4.5}));
     EXPECT_EQ(segment.radius(), 6);
+    EXPECT_EQ(readSegment({{"behaviorMode", 2.0}}).behavior(), PointBehavior::mirrored);
 
     Value::Map whole =
         dictionaryOf({Value::Map{{"point", pointAt(1, 0)}}, Value::Map{{"point", pointAt(2, 5)}}});
