@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "quorin/linear/MatrixCoding.h"
+#include "quorin/linear/ComponentCoding.h"
 
 namespace quorin {
 
@@ -20,8 +20,8 @@ Matrix3 Matrix3::withRotation(CGFloat angle) {
     return {cosine, sine, 0, -sine, cosine, 0, 0, 0, 1};
 }
 
-void Matrix3::encode(Encoder& encoder) const { encodeElements(encoder, keys, array()); }
+void Matrix3::encode(Encoder& encoder) const { encodeComponents(encoder, keys, array()); }
 
-Matrix3 Matrix3::decode(Decoder& decoder) { return Matrix3(decodeElements(decoder, keys)); }
+Matrix3 Matrix3::decode(Decoder& decoder) { return Matrix3(decodeComponents(decoder, keys)); }
 
 }  // namespace quorin

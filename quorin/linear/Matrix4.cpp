@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "quorin/linear/ComponentCoding.h"
 #include "quorin/linear/FixedText.h"
-#include "quorin/linear/MatrixCoding.h"
 #include "quorin/linear/Quaternion.h"
 #include "quorin/linear/TransformDecomposition.h"
 
@@ -55,8 +55,8 @@ std::string Matrix4::description() const {
     return text.append("\n");
 }
 
-void Matrix4::encode(Encoder& encoder) const { encodeElements(encoder, keys, array()); }
+void Matrix4::encode(Encoder& encoder) const { encodeComponents(encoder, keys, array()); }
 
-Matrix4 Matrix4::decode(Decoder& decoder) { return Matrix4(decodeElements(decoder, keys)); }
+Matrix4 Matrix4::decode(Decoder& decoder) { return Matrix4(decodeComponents(decoder, keys)); }
 
 }  // namespace quorin

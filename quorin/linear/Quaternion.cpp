@@ -1,10 +1,16 @@
 #include "quorin/linear/Quaternion.h"
 
 #include "quorin/geometry/Clamped.h"
+#include "quorin/linear/ComponentCoding.h"
 #include "quorin/linear/FixedText.h"
-#include "quorin/platform/values/KeyedCoding.h"
 
 namespace quorin {
+
+namespace {
+
+constexpr std::array<std::string_view, 4> keys = {"x", "y", "z", "w"};
+
+}  // namespace
 
 Quaternion Quaternion::withAxisAngle(const Vector4& axisAngle) {
     const CGFloat h = axisAngle.w / 2;
@@ -54,17 +60,11 @@ std::string Quaternion::description() const {
 }
 
 void Quaternion::encode(Encoder& encoder) const {
-    encoder.encodeNumber("x", x);
-    encoder.encodeNumber("y", y);
-    encoder.encodeNumber("z", z);
-    encoder.encodeNumber("w", w);
+    encodeComponents(encoder, keys, std::array{x, y, z, w});
 }
 
 Quaternion Quaternion::decode(Decoder& decoder) {
-    const CGFloat x = decoder.decodeNumber("x");
-    const CGFloat y = decoder.decodeNumber("y");
-    const CGFloat z = decoder.decodeNumber("z");
-    const CGFloat w = decoder.decodeNumber("w");
+    const auto [x, y, z, w] = decodeComponents(decoder, keys);
     return {x, y, z, w};
 }
 

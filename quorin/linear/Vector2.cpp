@@ -1,18 +1,17 @@
 #include "quorin/linear/Vector2.h"
 
-#include "quorin/platform/values/KeyedCoding.h"
+#include "quorin/linear/ComponentCoding.h"
 
 namespace quorin {
 
-void Vector2::encode(Encoder& encoder) const {
-    encoder.encodeNumber("x", x);
-    encoder.encodeNumber("y", y);
-}
+namespace {
 
-Vector2 Vector2::decode(Decoder& decoder) {
-    const CGFloat x = decoder.decodeNumber("x");
-    const CGFloat y = decoder.decodeNumber("y");
-    return {x, y};
-}
+constexpr std::array<std::string_view, 2> keys = {"x", "y"};
+
+}  // namespace
+
+void Vector2::encode(Encoder& encoder) const { encodeComponents(encoder, keys, array()); }
+
+Vector2 Vector2::decode(Decoder& decoder) { return Vector2(decodeComponents(decoder, keys)); }
 
 }  // namespace quorin

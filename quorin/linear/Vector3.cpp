@@ -1,9 +1,15 @@
 #include "quorin/linear/Vector3.h"
 
+#include "quorin/linear/ComponentCoding.h"
 #include "quorin/linear/FixedText.h"
-#include "quorin/platform/values/KeyedCoding.h"
 
 namespace quorin {
+
+namespace {
+
+constexpr std::array<std::string_view, 3> keys = {"x", "y", "z"};
+
+}  // namespace
 
 std::string Vector3::description() const {
     std::string text = "Vector3( ";
@@ -11,17 +17,8 @@ std::string Vector3::description() const {
     return text.append(", ").append(fixedText(z)).append(")");
 }
 
-void Vector3::encode(Encoder& encoder) const {
-    encoder.encodeNumber("x", x);
-    encoder.encodeNumber("y", y);
-    encoder.encodeNumber("z", z);
-}
+void Vector3::encode(Encoder& encoder) const { encodeComponents(encoder, keys, array()); }
 
-Vector3 Vector3::decode(Decoder& decoder) {
-    const CGFloat x = decoder.decodeNumber("x");
-    const CGFloat y = decoder.decodeNumber("y");
-    const CGFloat z = decoder.decodeNumber("z");
-    return {x, y, z};
-}
+Vector3 Vector3::decode(Decoder& decoder) { return Vector3(decodeComponents(decoder, keys)); }
 
 }  // namespace quorin
