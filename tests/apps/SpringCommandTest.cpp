@@ -243,10 +243,14 @@ TEST(SpringCommand, refusesNumbersWithWhichASpringNeverSettles) {
     };
     for (const auto& [kind, options] : table)
         for (const std::string& option : options)
-            for (const std::string text : {"0", "-1", "nan", "inf", "1e999", "1s", ""})
+            for (const std::string text : {"0", "-1", "nan"})
                 EXPECT_THAT(spring({kind, option, text}),
                             RefusedUsage(option + ": expected a number above 0, not '" + text + "'",
                                          std::string("quorin spring ") + kind));
+    for (const std::string text : {"-0", "1e-999", "inf", "1e999", "1s", ""})
+        EXPECT_THAT(spring({"rk4", "--delta", text}),
+                    RefusedUsage("--delta: expected a number above 0, not '" + text + "'",
+                                 "quorin spring rk4"));
     for (const std::string text : {"nan", "-inf", "fast", ""})
         EXPECT_THAT(
             spring({"rk4", "--velocity", text}),
@@ -270,6 +274,13 @@ TEST(SpringCommand, refusesRatiosThatDoNotFitTheOscillator) {
                 RefusedUsage("--ratio: expected 1 or more, as the ratio of damping, stiffness and "
                              "mass is 1.5",
                              "quorin spring oscillator"));
+    // Damping 20 is critical, neither below nor above 1.
+    for (const auto& [ratio, expects] : {std::pair{"0.9", "1 or more"}, {"1.1", "1 or less"}})
+        EXPECT_THAT(spring({"oscillator", "--damping", "20", "--ratio", ratio}),
+                    RefusedUsage(std::string("--ratio: expected ") + expects +
+                                     ", as the ratio of damping, stiffness and mass is 1",
+                                 "quorin spring oscillator"));
+    EXPECT_EQ(spring({"oscillator", "--damping", "20", "--ratio", "1"}).exitCode, 0);
 }
 
 TEST(SpringCommand, refusesStepsThatDoNotBringASpringToRest) {

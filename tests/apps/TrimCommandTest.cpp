@@ -17,6 +17,8 @@ using test::WentWell;
 using test::writtenContours;
 using test::writtenDrawing;
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 class TrimCommand : public testing::Test {
 protected:
@@ -78,11 +80,11 @@ TEST_F(TrimCommand, keepsTheWholeAsItIs) {
 TEST_F(TrimCommand, leavesOutShapesOfWhichNothingIsLeft) {
     const std::string file =
         drawing("<path id='dot' d='M5 5 H5'/><path id='line' d='M0 0 H9 M3 3 H3'/>");
-    trim(file, {"--to", "0.5"});
-    const Drawing after = writtenDrawing(output);
-    ASSERT_EQ(after.shapes.size(), 1u);
-    EXPECT_EQ(after.shapes[0].id, "line");
-    EXPECT_EQ(after.shapes[0].outline->children().size(), 1u);
+    const std::string json = folder / "out.json";
+    EXPECT_THAT(runQuorin({"trim", file, json, "--to", "0.5"}), WentWell());
+    const std::string info = runQuorin({"info", json}).output;
+    EXPECT_THAT(info, StartsWith(json + ": 50 by 50, 1 shape, 1 path\n"));
+    EXPECT_THAT(info, HasSubstr(" line\n"));
 }
 
 TEST_F(TrimCommand, keepsPaint) {
