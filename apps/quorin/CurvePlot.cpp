@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "apps/quorin/AxisTicks.h"
@@ -115,8 +116,7 @@ DrawingShape grid(const PlotLayout& layout) {
 DrawingShape axes(const PlotLayout& layout) {
     const CGFloat left = sharp(layout.x(0)), bottom = sharp(layout.y(0));
     CGMutablePath path;
-    path.moveTo({left, CGRectGetMinY(layout.frame)});
-    path.addLineTo({left, CGRectGetMaxY(layout.frame)});
+    addLine(path, {left, CGRectGetMinY(layout.frame)}, {left, CGRectGetMaxY(layout.frame)});
     addLine(path, {left, bottom}, {CGRectGetMaxX(layout.frame), bottom});
     return lines(path, axisColor, 1);
 }

@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cmath>
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "apps/quorin/ArgumentText.h"
