@@ -43,7 +43,8 @@ bool step(const Spring& spring, CGFloat& value, CGFloat& velocity, CGFloat h) {
     const CGFloat nextV = v + (a1 + 2 * (a2 + a3) + a4) * h * sixth;
     value = repaired(nextX + 1);
     velocity = repaired(nextV);
-    return std::abs(nextX) < restTolerance && std::abs(nextV) < restTolerance;
+    // By the way before adding 1 rounds it, but by the velocity that the next step starts with.
+    return std::abs(nextX) < restTolerance && std::abs(velocity) < restTolerance;
 }
 
 }  // namespace

@@ -10,8 +10,8 @@
 namespace quorin {
 
 /// Moves `value` and `velocity` on by one step of `delta`. Answers whether the spring has come to
-/// rest, both its way to 1 and its velocity being below 0.002. A `delta` of 0 changes nothing and
-/// is never rest.
+/// rest, both its way to 1 and its velocity, as repaired, being below 0.002. A `delta` of 0 changes
+/// nothing and is never rest.
 bool lerpRK4Spring(CGFloat& value, CGFloat tension, CGFloat friction, CGFloat& velocity,
                    CGFloat delta);
 

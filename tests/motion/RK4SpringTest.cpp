@@ -107,9 +107,18 @@ TEST(LerpRK4Spring, repairsInfinitiesToTheGreatestNumbersOfTheirSign) {
     }
 }
 
-TEST(LerpRK4Spring, restsNeitherWhereItsWayNorWhereItsVelocityIsNotANumber) {
+TEST(LerpRK4Spring, doesNotRestWhereItsWayIsNotANumber) {
     EXPECT_FALSE(stepFrom(1, nan, 170, 26, frame).isAtRest);
     EXPECT_FALSE(stepFrom(nan, 0, 170, 26, frame).isAtRest);
+}
+
+TEST(LerpRK4Spring, restsByTheVelocityAsItIsRepaired) {
+    // So much friction that the accelerations are -1e308, 0.5e308, -1.75e308 and +infinity, of
+    // which twice the middle two make -infinity; in so short a step that the way stays at 0.
+    const Step step = stepFrom(1, 1, 0, 1e308, 3e-308);
+    EXPECT_EQ(step.value, 1);
+    EXPECT_EQ(step.velocity, 0);
+    EXPECT_TRUE(step.isAtRest);
 }
 
 TEST(RK4SpringAnimation, holdsTheValueAfterEachStep) {
