@@ -12,8 +12,8 @@ namespace quorin {
 /// is repaired by `finite`, so -∞ becomes a tiny positive number.
 ///
 /// Above a ratio of 1 the motion has no frequency left and all values are repaired to 0; see
-/// `dampedSpringAnimation` for springs that creep to rest. Does not end for a negative duration
-/// or, the duration not being 0, for a delta of 0 or less.
+/// `dampedSpringAnimation` for springs that creep to rest. The samples do not end unless the
+/// duration is 0, or finite and `delta` of its sign.
 std::vector<CGFloat> UIKitSpringAnimation(CGFloat dampingRatio, CGFloat velocity, CGFloat duration,
                                           CGFloat delta);
 

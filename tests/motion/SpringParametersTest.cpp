@@ -86,6 +86,14 @@ TEST(GenerateSpringParameters, takeTwelveCriticalStepsFromTheSideOfTheStart) {
     }
 }
 
+TEST(GenerateSpringParameters, goesToTheSlowerSpringWhereTheVelocityIsThatOfTheDecay) {
+    // At the first ω, 5, nothing is left of ωζ - v, and a spring on either side would do.
+    const SpringParameters spring = generateSpringParameters(0.5, 2.5, 1);
+    const long double omega = omegaOf(spring);
+    EXPECT_LT(static_cast<CGFloat>(omega), 5);
+    EXPECT_NEAR(static_cast<CGFloat>(underdampedEnvelope(omega, 0.5L, 2.5L, 1)), 0.001, 1e-12);
+}
+
 TEST(GenerateSpringParameters, dampsARatioOfTwoCriticallyAndNotTwiceAsMuch) {
     const SpringParameters spring = generateSpringParameters(2, 0.5, 0.7);
     EXPECT_EQ(spring.damping, 2 * std::sqrt(spring.stiffness));

@@ -71,6 +71,9 @@ TEST(UIKitSpringAnimation, goesOnWhileTheEnvelopeIsAboveAThousandth) {
         // The double nearest to ln 0.001 lies above it, so its exponential exceeds 0.001.
         {"the end itself counts where nothing rounds", 1, 1, 2},
         {"and so at a quarter", 0.25, 0.25, 2},
+        // 3 · 0.1 is beyond 0.3 in doubles; the rate times 3 times 0.1 is not beyond the end.
+        {"the rate is multiplied by the index first", 0.3, 0.1, 4},
+        {"and so at every step", 0.7, 0.1, 8},
     };
     for (const auto& [says, duration, delta, count] : table)
         EXPECT_EQ(UIKitSpringAnimation(0.5, 0, duration, delta).size(), count) << says;
