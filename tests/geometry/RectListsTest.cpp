@@ -123,6 +123,10 @@ TEST(ContainingRect, isNoneWhereANumberIsMissing) {
               std::nullopt);
     EXPECT_EQ(GetHorizontallyContainingRectWithRects(Rects{CGRectMake(0, 0, nan, 1)}),
               std::nullopt);
+    EXPECT_EQ(GetHorizontallyContainingRectWithRects(
+                  Rects{CGRectMake(0, 0, 10, 1), CGRectMake(1, 0, nan, 1)}),
+              std::nullopt)
+        << "a width alone";
     EXPECT_THAT(GetVerticallyContainingRectWithRects(Rects{CGRectMake(nan, 0, 1, 1)}),
                 Optional(testing::Field(&CGRect::size, CGSize{1, 1})));
     EXPECT_THAT(GetHorizontallyContainingRectWithRects(
