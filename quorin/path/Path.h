@@ -57,9 +57,9 @@ public:
     static std::shared_ptr<Path> create(std::shared_ptr<const CGPath> cg);
     /// A path read from the older dictionary form: "isClosed", "pathRotation" in degrees and
     /// "segments", each with "point", "curveTo", "curveFrom", "behaviorMode", "hasTo", "hasFrom"
-    /// and "radius". It is turned about the middle of `frame`, and then moved so that its box
-    /// starts at the origin. Entries that are missing or of another type keep their defaults;
-    /// anything but a map gives the empty open path.
+    /// and "radius". It is turned back about the middle of `frame` and, unless by whole turns,
+    /// moved so that its box starts at the origin. Entries that are missing or of another type keep
+    /// their defaults; anything but a map gives the empty open path.
     static std::shared_ptr<Path> create(const Value& with, const CGRect& frame);
 
     /// Closed, from the origin along the width; a negative size mirrors the order of the corners.

@@ -173,6 +173,15 @@ TEST(PathDictionary, turnsAgainstTheAngleAboutTheMiddleOfTheFrame) {
     EXPECT_NEAR(path->segments()[1].handleIn().y, 0, 1e-12);
 }
 
+TEST(PathDictionary, turnsAboutTheMiddleOfTheFrameHoweverFarAway) {
+    // The sine of a full turn is 2.4e-16 in doubles: about the origin y would be off by 0.24.
+    Value::Map map = dictionaryOf({Value::Map{{"point", pointAt(1e15 + 60, 25)}}});
+    map["pathRotation"] = 360;
+    const CGPoint point = Path::create(map, CGRectMake(1e15, 0, 100, 50))->segments()[0].point();
+    EXPECT_EQ(point.x, 1e15 + 60);
+    EXPECT_NEAR(point.y, 25, 1e-12);
+}
+
 TEST(PathDictionary, movesATurnedPathToTheOrigin) {
     Value::Map map = dictionaryOf({Value::Map{{"point", pointAt(20, 10)}},
                                    Value::Map{{"point", pointAt(80, 10)}},
