@@ -2,22 +2,17 @@
 
 #include <simdjson.h>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <iterator>
 #include <limits>
-#include <memory>
-#include <new>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "quorin/platform/foundation/CodingPath.h"
-#include "quorin/platform/foundation/JSONSyntax.h"
-#include "quorin/platform/foundation/PageAdvice.h"
+#include "quorin/platform/foundation/json/ParsedJSON.h"
 
 namespace quorin {
 namespace {
@@ -234,84 +229,10 @@ private:
     std::size_t begin, end = 0;
 };
 
-/// The fast reader's memory: the text once more with the padding it wants, where the tokens start,
-/// and the values. Kept together to be advised on, which `simdjson::dom::parser` does not allow.
-class ParsedText {
-public:
-    /// Reads `text`; afterwards `root()` stands on it unless the answer is an error.
-    simdjson::error_code parse(std::string_view text, std::size_t maximumDepth) {
-        if (const auto error = allocate(text.size(), maximumDepth))
-            return error;
-        std::memcpy(padded.get(), text.data(), text.size());
-        std::memset(padded.get() + text.size(), ' ', simdjson::SIMDJSON_PADDING);
-        return parser->parse(padded.get(), text.size(), document);
-    }
-    element root() const { return document.root(); }
-
-private:
-    simdjson::error_code allocate(std::size_t size, std::size_t maximumDepth) {
-        const std::size_t capacity = std::max(size, simdjson::dom::MINIMAL_DOCUMENT_CAPACITY);
-        // The parser counts the text itself as a level.
-        if (const auto error =
-                simdjson::get_active_implementation()->create_dom_parser_implementation(
-                    capacity, maximumDepth + 1, parser))
-            return error;
-        if (const auto error = document.allocate(capacity))
-            return error;
-        const std::size_t paddedSize = size + simdjson::SIMDJSON_PADDING;
-        padded = std::make_unique_for_overwrite<std::uint8_t[]>(paddedSize);
-        adviseHugePages(padded.get(), paddedSize);
-        adviseHugePages(parser->structural_indexes.get(), capacity * sizeof(std::uint32_t));
-        adviseHugePages(document.tape.get(), capacity * sizeof(std::uint64_t));
-        adviseHugePages(document.string_buf.get(), capacity);
-        return simdjson::SUCCESS;
-    }
-
-    std::unique_ptr<std::uint8_t[]> padded;
-    std::unique_ptr<simdjson::internal::dom_parser_implementation> parser;
-    simdjson::dom::document document;
-};
-
-[[noreturn]] void throwSyntaxError(std::string_view text, std::size_t maximumDepth,
-                                   simdjson::error_code code) {
-    const auto error = findJSONSyntaxError(text, maximumDepth);
-    throw DecodingError(Kind::valueCorrupted,
-                        error ? describePlace(text, error->offset) + ": " + error->reason
-                              : simdjson::error_message(code));
-}
-
-std::string_view withoutByteOrderMark(std::string_view text) {
-    constexpr std::string_view mark = "\xEF\xBB\xBF";
-    return text.substr(text.starts_with(mark) ? mark.size() : 0);
-}
-
-void parseOrThrow(ParsedText& parsed, std::string_view text, const JSONDecoder::Options& options) {
-    if (text.size() > options.maximumTextSize)
-        throw DecodingError(Kind::valueCorrupted, "text of " + std::to_string(text.size()) +
-                                                      " bytes, the limit is " +
-                                                      std::to_string(options.maximumTextSize));
-    text = withoutByteOrderMark(text);
-    const std::size_t maximumDepth = std::min<std::size_t>(options.maximumDepth, 1'000'000);
-
-    // The fast reader has neither -0 nor integers beyond 64 bits; both are rare enough to read
-    // twice.
-    simdjson::error_code error = simdjson::NUMBER_ERROR;
-    if (!hasNegativeZeroIntegers(text))
-        error = parsed.parse(text, maximumDepth);
-    if (error == simdjson::NUMBER_ERROR)
-        error = parsed.parse(spellingOutDoubles(text), maximumDepth);
-
-    if (error == simdjson::MEMALLOC)
-        throw std::bad_alloc();
-    if (error != simdjson::SUCCESS)
-        throwSyntaxError(text, maximumDepth, error);
-}
-
 }  // namespace
 
 void JSONDecoder::decode(std::string_view text, FunctionRef<void(Decoder&)> body) const {
-    ParsedText parsed;
-    parseOrThrow(parsed, text, options);
+    const ParsedJSON parsed(text, options);
     Reading reading{options, {}};
     const CodingPath outermost;
     RecordReader record(reading, parsed.root(), outermost);
@@ -320,8 +241,7 @@ void JSONDecoder::decode(std::string_view text, FunctionRef<void(Decoder&)> body
 
 void JSONDecoder::decodeRecords(std::string_view text,
                                 FunctionRef<void(Decoder&, std::size_t)> body) const {
-    ParsedText parsed;
-    parseOrThrow(parsed, text, options);
+    const ParsedJSON parsed(text, options);
     Reading reading{options, {}};
     const CodingPath outermost;
     RecordReader::records(reading, parsed.root(), {&outermost, {}, std::nullopt}, body);

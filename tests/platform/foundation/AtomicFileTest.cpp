@@ -1,20 +1,21 @@
 #include "quorin/platform/foundation/AtomicFile.h"
 
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
 #include <string>
 #include <thread>
 
 #include "tests/TestSupport.h"
+#include "tests/support/FileFaults.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorin {
 namespace {
 
+using test::AsNobody;
+using test::FileSizeLimit;
+using test::modeOf;
 using test::TemporaryFolder;
 using testing::ThrowsMessage;
 namespace fs = std::filesystem;
@@ -25,40 +26,6 @@ auto reading(const std::string& path, std::size_t maximumSize = defaultMaximumFi
 auto writing(const std::string& path, const std::string& bytes = "new") {
     return [=] { writeFileAtomically(path, bytes); };
 }
-
-mode_t modeOf(const std::string& path) {
-    struct stat status {};
-    EXPECT_EQ(stat(path.c_str(), &status), 0);
-    return status.st_mode & 07777;
-}
-
-/// Root may do everything, so tests of what is forbidden run as nobody.
-class AsNobody {
-public:
-    AsNobody() : user(geteuid()) { EXPECT_EQ(seteuid(user == 0 ? 65'534 : user), 0); }
-    ~AsNobody() { EXPECT_EQ(seteuid(user), 0); }
-
-private:
-    uid_t user;
-};
-
-/// No file may grow beyond this while it lives.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) : handler(std::signal(SIGXFSZ, SIG_IGN)) {
-        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-        const rlimit limit{bytes, before.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    ~FileSizeLimit() {
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
-        std::signal(SIGXFSZ, handler);
-    }
-
-private:
-    rlimit before{};
-    void (*handler)(int);
-};
 
 TEST(ReadFile, givesAllBytes) {
     const TemporaryFolder folder;
@@ -167,6 +134,49 @@ TEST(WriteFileAtomically, worksForNamesWithoutAFolderAndForLongNames) {
     fs::current_path(before);
     EXPECT_EQ(readFile(folder / "bare"), "1");
     EXPECT_EQ(readFile(folder / std::string(255, 'n')), "2");
+}
+
+TEST(WriteFileAtomically, takesAwayWhatOthersMayDoWithAPrivateFile) {
+    const TemporaryFolder folder;
+    const mode_t before = umask(0);
+    writeFileAtomically(folder / "new", "1", {.privateToOwner = true});
+    fs::permissions(folder.file("old", "1"), fs::perms(0664));
+    writeFileAtomically(folder / "old", "2", {.privateToOwner = true});
+    umask(before);
+    EXPECT_EQ(modeOf(folder / "new"), 0600u);
+    EXPECT_EQ(modeOf(folder / "old"), 0600u);
+}
+
+TEST(WriteFileAtomically, removesWhatAKilledSoleWriterLeft) {
+    const TemporaryFolder folder;
+    folder.file("file.tmp", "half");
+    writeFileAtomically(folder / "file", "whole", {.isSoleWriter = true});
+    EXPECT_EQ(readFile(folder / "file"), "whole");
+    EXPECT_EQ(folder.count(), 1);
+}
+
+TEST(WriteFileAtomically, doesNotWriteThroughALinkInThePlaceOfTheTemporaryFile) {
+    const TemporaryFolder folder;
+    const std::string other = folder.file("other", "untouched");
+    fs::create_symlink("other", folder / "file.tmp");
+    writeFileAtomically(folder / "file", "new", {.isSoleWriter = true});
+    EXPECT_EQ(readFile(other), "untouched");
+    EXPECT_EQ(readFile(folder / "file"), "new");
+}
+
+TEST(WriteFileAtomically, failsWhereAFolderStandsInThePlaceOfTheTemporaryFile) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "file.tmp");
+    EXPECT_THAT([&] { writeFileAtomically(folder / "file", "new", {.isSoleWriter = true}); },
+                ThrowsMessage<FileError>((folder / "file") + ": File exists"));
+}
+
+TEST(ReadFileIfThere, givesNothingOnlyWhenNothingIsThere) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(readFileIfThere(folder.file("some", "x")), "x");
+    EXPECT_EQ(readFileIfThere(folder / "missing"), std::nullopt);
+    EXPECT_EQ(readFileIfThere(folder / "missing/below"), std::nullopt);
+    EXPECT_THAT([&] { readFileIfThere(folder.path()); }, testing::Throws<FileError>());
 }
 
 TEST(WriteFileAtomically, keepsTheOldFileWhenWritingFails) {
