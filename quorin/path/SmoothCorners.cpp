@@ -97,10 +97,10 @@ private:
         }
         /// Two arcs meet in the middle.
         bool isUsedUp() const {
-            constexpr CGFloat shortest = 1e-9;  // points
             if (start == 0 || end == 1 || end <= start)
                 return end <= start;
             const CubicBezier stretch = kept();
+            const CGFloat shortest = 1e-11 * curve.length();
             return distance(stretch.p1, stretch.p2) < shortest && stretch.length() < shortest;
         }
 

@@ -63,8 +63,11 @@ public:
 
         TangentCircle found;
         // A step that fails is too long for Newton's method, or leads to a circle without room.
-        int successes = 0;
-        for (CGFloat step = wanted; step > smallestStep(found, wanted);) {
+        // Beside flat corners rounding lets some fail and some not, up to here at the latest.
+        constexpr int maximumAttempts = 1000;
+        int attempts = 0, successes = 0;
+        for (CGFloat step = wanted;
+             step > smallestStep(found, wanted) && attempts < maximumAttempts; ++attempts) {
             const CGFloat next = std::min(found.radius + step, wanted);
             const auto circle = grown(found, next);
             successes = circle ? successes + 1 : 0;

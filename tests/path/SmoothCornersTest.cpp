@@ -1,4 +1,5 @@
 #include <cmath>
+#include <ctime>
 #include <numbers>
 #include <vector>
 
@@ -242,6 +243,33 @@ TEST(LargestTangentCircle, growsUntilASideCrossesIt) {
     const auto smaller = largestTangentCircle({line, hook, 0, 1}, circle->radius * 0.999);
     ASSERT_TRUE(smaller);
     EXPECT_EQ(smaller->radius, circle->radius * 0.999);
+}
+
+TEST(LargestTangentCircle, isFoundInShortTimeBesideFlatCorners) {
+    // The circle is so large that rounding alone decides which radius still fits.
+    const CGPoint from{0, 0}, corner{50, 0.0014081858648160182}, to{100, 0};
+    const auto line = [](CGPoint a, CGPoint b) {
+        return CubicBezier{a, (b - a) / 3, (a - b) / 3, b};
+    };
+    const std::clock_t start = std::clock();
+    const auto circle =
+        largestTangentCircle({line(from, corner), line(corner, to), 0.5, 0.5}, 1e300);
+    const auto seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    ASSERT_TRUE(circle);
+    const CGFloat half = std::atan2(corner.y, corner.x);
+    EXPECT_NEAR(circle->radius * std::tan(half), distance(from, corner) / 2, 1e-5);
+    EXPECT_LT(seconds, 0.1);
+}
+
+TEST(SmoothlyRoundedPath, keepsSidesOfAnySizeThatAreLeftBetweenArcs) {
+    // Sides of this size are no longer than what is nothing beside one of 100.
+    constexpr CGFloat tiny = 0x1p-36;
+    const auto scaledSquare = squareWithRadius(100 * tiny, 20 * tiny);
+    const auto cubics = cubicsOf(*scaledSquare->smoothlyRoundedPath());
+    ASSERT_EQ(cubics.size(), 8u);
+    EXPECT_NEAR(cubics[0].p1.y / tiny, 20, 1e-9);
+    EXPECT_NEAR(cubics[0].p2.x / tiny, 20, 1e-9);
+    EXPECT_NEAR(cubics[1].p2.x / tiny, 80, 1e-9);
 }
 
 TEST(LargestTangentCircle, growsUntilItReachesTheEarliestAndTheLatestTime) {
