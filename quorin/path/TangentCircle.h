@@ -21,8 +21,9 @@ struct CornerSides {
 };
 
 /// The circle of this radius inside of the corner that touches both sides and is crossed by
-/// neither; when there is no room for it the largest smaller one, to about 1e-13 of the radius.
-/// Nothing where sides pass on in line, where they leave in one direction, and where one has none.
+/// neither; when there is no room for it the largest smaller one, to about 1e-13 of the radius, in
+/// nearly flat corners to 1e-7. Nothing where sides pass on in line, where they leave in one
+/// direction, and where one has none.
 ///
 /// Source: the touching times are the root of the difference between the sides' offset curves,
 /// found by Newton's method and followed from small circles to large ones.

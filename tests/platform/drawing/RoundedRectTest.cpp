@@ -102,6 +102,13 @@ TEST(RoundedCornerImage, drawsTheImageOnceOverTheWholeSize) {
     EXPECT_THAT(rounded->pixelAt(37, 10), PixelNear((CGImage::Pixel{0, 0, 255, 255}), 3));
 }
 
+TEST(RoundedCornerImage, keepsTheImageUpright) {
+    const auto image = CGImage::create(1, 2, {255, 0, 0, 255, 0, 0, 255, 255});
+    const auto rounded = roundedCornerImage(image, {20, 40}, 0, 0);
+    EXPECT_THAT(rounded->pixelAt(10, 2), PixelNear((CGImage::Pixel{255, 0, 0, 255}), 3));
+    EXPECT_THAT(rounded->pixelAt(10, 37), PixelNear((CGImage::Pixel{0, 0, 255, 255}), 3));
+}
+
 TEST(RoundedCornerImage, cutsFractionsOfAPixelOff) {
     const auto rounded = roundedCornerImage(plainImage(2, 2, {0, 0, 0, 255}), {7.9, 5.2}, 1, 0);
     EXPECT_EQ(rounded->width(), 7u);
