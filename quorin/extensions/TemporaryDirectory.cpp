@@ -1,0 +1,18 @@
+#include "quorin/extensions/TemporaryDirectory.h"
+
+#include <stdlib.h>
+
+#include "quorin/platform/foundation/posix/Descriptor.h"
+#include "quorin/platform/foundation/posix/UserFolders.h"
+
+namespace quorin {
+
+std::string temporaryDirectory() {
+    const std::string parent = temporaryFolder();
+    std::string path = parent + "/quorin-XXXXXX";
+    if (!mkdtemp(path.data()))
+        failWith(parent);
+    return path;
+}
+
+}  // namespace quorin
