@@ -1,0 +1,389 @@
+#include "quorin/platform/foundation/RunLoop.h"
+
+#include <glib.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <thread>
+
+#include "tests/TestSupport.h"
+
+namespace quorin {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr unsigned every =
+    kCFRunLoopEntry | kCFRunLoopBeforeWaiting | kCFRunLoopAfterWaiting | kCFRunLoopExit;
+constexpr unsigned given = kCFRunLoopEntry | kCFRunLoopBeforeWaiting | kCFRunLoopExit;
+
+/// Writes down the activities of a loop for as long as it lives.
+class Record {
+public:
+    explicit Record(std::shared_ptr<RunLoop> watched = RunLoop::main(), unsigned mask = given)
+        : loop(std::move(watched)) {
+        loop->addObserver(
+            observer = CFRunLoopObserver::create(mask, true, 0, [this](CFRunLoopActivity activity) {
+                activities.push_back(activity);
+            }));
+    }
+    ~Record() { loop->removeObserver(observer); }
+
+    std::vector<unsigned> activities;
+
+private:
+    std::shared_ptr<RunLoop> loop;
+    std::shared_ptr<CFRunLoopObserver> observer;
+};
+
+TEST(RunLoop, tellsOfEntryAndExitOnceAndNotOfAWaitThatIsNone) {
+    RunLoop::main()->run(0);  // a wake-up from an earlier test
+    const Record record;
+    EXPECT_EQ(RunLoop::main()->run(0), RunLoopResult::timedOut);
+    EXPECT_THAT(record.activities, ElementsAre(1u, 128u));
+}
+
+TEST(RunLoop, tellsOfEachWait) {
+    RunLoop::main()->run(0);
+    const Record record(RunLoop::main(), every);
+    EXPECT_EQ(RunLoop::main()->run(0.002), RunLoopResult::timedOut);
+    EXPECT_THAT(record.activities, ElementsAre(1u, 32u, 64u, 128u));
+}
+
+TEST(RunLoop, doesNotWaitWhileClosuresAreReady) {
+    RunLoop::main()->run(0);
+    const Record record;
+    RunLoop::main()->perform([] { RunLoop::main()->perform([] { RunLoop::main()->stop(); }); });
+    RunLoop::main()->run();
+    EXPECT_THAT(record.activities, ElementsAre(1u, 128u));
+}
+
+TEST(RunLoop, tellsOfNestedRunsToo) {
+    const auto& loop = RunLoop::main();
+    loop->run(0);
+    const Record record;
+    loop->perform([&] {
+        loop->run(0);
+        loop->stop();
+    });
+    loop->run();
+    EXPECT_THAT(record.activities, ElementsAre(1u, 1u, 128u, 128u));
+}
+
+TEST(RunLoop, hearsOfTheWaitsOfAHostOnTheSameContext) {
+    RunLoop::main()->run(0);
+    const Record record;
+    g_main_context_iteration(nullptr, FALSE);
+    EXPECT_THAT(record.activities, IsEmpty());
+    const RunLoopSource timer = RunLoop::main()->addTimer(0.001, false, [] {});
+    g_main_context_iteration(nullptr, TRUE);
+    EXPECT_THAT(record.activities, ElementsAre(32u));
+}
+
+TEST(RunLoop, isStoppedByAnObserverBeforeAnyPass) {
+    const auto& loop = RunLoop::main();
+    bool isPerformed = false;
+    loop->perform([&] { isPerformed = true; });
+    loop->addObserver(CFRunLoopObserver::create(kCFRunLoopEntry, false, 0,
+                                                [&](CFRunLoopActivity) { loop->stop(); }));
+    EXPECT_EQ(loop->run(10), RunLoopResult::stopped);
+    EXPECT_FALSE(isPerformed);
+    loop->run(0);
+    EXPECT_TRUE(isPerformed);
+}
+
+TEST(RunLoop, endsOnlyTheInnermostRunWhenStopped) {
+    const auto& loop = RunLoop::main();
+    std::vector<std::string> order;
+    loop->perform([&] {
+        loop->perform([&] { loop->stop(); });
+        EXPECT_EQ(loop->run(10), RunLoopResult::stopped);
+        order.push_back("inner");
+    });
+    EXPECT_EQ(loop->run(0.001), RunLoopResult::timedOut);
+    EXPECT_THAT(order, ElementsAre("inner"));
+}
+
+TEST(RunLoop, takesAStopWithoutARunForNothing) {
+    RunLoop::main()->stop();
+    EXPECT_EQ(RunLoop::main()->run(0), RunLoopResult::timedOut);
+}
+
+TEST(RunLoop, comesBackAfterAPassThatCalledSomethingWhenAsked) {
+    const auto& loop = RunLoop::main();
+    loop->run(0);
+    loop->perform([] {});
+    EXPECT_EQ(loop->run(10, true), RunLoopResult::handledSource);
+}
+
+TEST(RunLoop, takesATimeLimitThatIsNoNumberForNone) {
+    EXPECT_EQ(RunLoop::main()->run(-1), RunLoopResult::timedOut);
+    EXPECT_EQ(RunLoop::main()->run(std::nan("")), RunLoopResult::timedOut);
+}
+
+TEST(RunLoop, performsClosuresInOrderAndThoseAddedMeanwhileInTheNextPass) {
+    const auto& loop = RunLoop::main();
+    loop->run(0);
+    std::vector<int> order;
+    loop->perform([&] {
+        order.push_back(1);
+        loop->perform([&] { order.push_back(3); });
+    });
+    loop->perform([&] { order.push_back(2); });
+    loop->run(0);
+    EXPECT_THAT(order, ElementsAre(1, 2));
+    loop->run(0);
+    EXPECT_THAT(order, ElementsAre(1, 2, 3));
+}
+
+TEST(RunLoop, performsWhatStandsBehindAClosureThatRunsTheLoop) {
+    const auto& loop = RunLoop::main();
+    std::vector<std::string> order;
+    loop->perform([&] {
+        loop->run(0);
+        order.push_back("first");
+    });
+    loop->perform([&] { order.push_back("second"); });
+    loop->run(0);
+    EXPECT_THAT(order, ElementsAre("second", "first"));
+}
+
+TEST(RunLoop, isWokenFromSeveralThreads) {
+    const auto& loop = RunLoop::main();
+    constexpr int threadCount = 4, closureCount = 500;
+    int performed = 0;  // by the loop's thread alone
+    std::vector<std::thread> threads;
+    for (int i = 0; i < threadCount; ++i)
+        threads.emplace_back([&] {
+            for (int n = 0; n < closureCount; ++n)
+                loop->perform([&] {
+                    if (++performed == threadCount * closureCount)
+                        loop->stop();
+                });
+        });
+    EXPECT_EQ(loop->run(60), RunLoopResult::stopped);
+    EXPECT_EQ(performed, threadCount * closureCount);
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+TEST(RunLoop, takesObserversAndStopsFromOtherThreads) {
+    const auto& loop = RunLoop::main();
+    std::atomic<int> calls = 0;
+    std::thread other([&] {
+        for (int i = 0; i < 200; ++i) {
+            const auto observer =
+                CFRunLoopObserver::create(given, true, 0, [&](CFRunLoopActivity) { ++calls; });
+            loop->addObserver(observer);
+            loop->perform([] {});
+            loop->removeObserver(observer);
+        }
+        const auto last =
+            CFRunLoopObserver::create(given, false, 0, [&](CFRunLoopActivity) { ++calls; });
+        loop->addObserver(last);
+        while (calls == 0 || last->isScheduled())
+            std::this_thread::yield();
+        loop->stop();
+    });
+    EXPECT_EQ(loop->run(60), RunLoopResult::stopped);
+    EXPECT_GT(calls, 0);
+    other.join();
+}
+
+TEST(RunLoop, givesEachThreadALoopOfItsOwn) {
+    const auto& first = RunLoop::main();
+    EXPECT_EQ(RunLoop::current(), first);
+    std::thread([&] {
+        const auto& own = RunLoop::current();
+        EXPECT_NE(own, first);
+        EXPECT_EQ(RunLoop::current(), own);
+        const Record record(own);
+        own->perform([&] { own->stop(); });
+        own->run();
+        EXPECT_THAT(record.activities, ElementsAre(1u, 128u));
+        own->run(0.001);
+        EXPECT_THAT(record.activities, ElementsAre(1u, 128u, 1u, 32u, 128u));
+    }).join();
+}
+
+TEST(RunLoop, usesTheDefaultContextOfItsThread) {
+    std::thread([] {
+        GMainContext* const context = g_main_context_new();
+        g_main_context_push_thread_default(context);
+        bool isPerformed = false;
+        RunLoop::current()->perform([&] { isPerformed = true; });
+        g_main_context_iteration(context, FALSE);
+        EXPECT_TRUE(isPerformed);
+        g_main_context_pop_thread_default(context);
+        g_main_context_unref(context);
+    }).join();
+}
+
+TEST(RunLoopDeath, isNotRunOnAThreadThatIsNotItsOwn) {
+    EXPECT_DEATH(std::thread([] { RunLoop::main()->run(0); }).join(),
+                 "a run loop was run on a thread that is not its own");
+}
+
+TEST(RunLoop, firesATimerOnceWhenItDoesNotRepeat) {
+    int count = 0;
+    RunLoopSource timer = RunLoop::main()->addTimer(0.001, false, [&] { ++count; });
+    EXPECT_TRUE(timer.isActive());
+    RunLoop::main()->run(0.02);
+    EXPECT_EQ(count, 1);
+    EXPECT_FALSE(timer.isActive());
+}
+
+TEST(RunLoop, firesATimerNoEarlierThanAsked) {
+    const auto start = std::chrono::steady_clock::now();
+    const RunLoopSource timer =
+        RunLoop::main()->addTimer(0.0105, false, [] { RunLoop::main()->stop(); });
+    RunLoop::main()->run();
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::microseconds(10'500));
+}
+
+TEST(RunLoop, leavesOutTheTimesARepeatingTimerMissed) {
+    int count = 0;
+    const RunLoopSource timer = RunLoop::main()->addTimer(0.01, true, [&] {
+        if (++count == 1)
+            std::this_thread::sleep_for(std::chrono::milliseconds(35));
+        if (count == 2)
+            RunLoop::main()->stop();
+    });
+    const auto start = std::chrono::steady_clock::now();
+    RunLoop::main()->run();
+    // Fired at 10, missed those at 20, 30 and 40, and fires again at 50 or later.
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(50));
+}
+
+TEST(RunLoop, endsATimerInsideItsOwnClosure) {
+    int count = 0;
+    RunLoopSource timer;
+    timer = RunLoop::main()->addTimer(0, true, [&, kept = std::make_shared<int>(7)] {
+        timer.cancel();
+        count += *kept;
+    });
+    RunLoop::main()->run(0.005);
+    EXPECT_EQ(count, 7);
+    EXPECT_FALSE(timer.isActive());
+}
+
+TEST(RunLoop, endsATimerWithItsToken) {
+    int count = 0;
+    {
+        const RunLoopSource timer = RunLoop::main()->addTimer(0, true, [&] { ++count; });
+    }
+    RunLoop::main()->run(0.002);
+    EXPECT_EQ(count, 0);
+}
+
+TEST(RunLoop, wakesForATimerThatAnObserverAddsBeforeTheWait) {
+    RunLoopSource timer;
+    bool isFired = false;
+    RunLoop::main()->addObserver(
+        CFRunLoopObserver::create(kCFRunLoopBeforeWaiting, false, 0, [&](CFRunLoopActivity) {
+            timer = RunLoop::main()->addTimer(0.001, false, [&] {
+                isFired = true;
+                RunLoop::main()->stop();
+            });
+        }));
+    EXPECT_EQ(RunLoop::main()->run(20), RunLoopResult::stopped);
+    EXPECT_TRUE(isFired);
+}
+
+TEST(RunLoop, wakesForWhatANestedRunBeforeTheWaitLeaves) {
+    RunLoopSource timer;
+    RunLoop::main()->addObserver(
+        CFRunLoopObserver::create(kCFRunLoopBeforeWaiting, false, 0, [&](CFRunLoopActivity) {
+            timer = RunLoop::main()->addTimer(0.002, false, [] { RunLoop::main()->stop(); });
+            RunLoop::main()->run(0);
+        }));
+    EXPECT_EQ(RunLoop::main()->run(20), RunLoopResult::stopped);
+}
+
+TEST(RunLoop, watchesDescriptors) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    std::string got;
+    const RunLoopSource reader =
+        RunLoop::main()->addDescriptor(ends[0], DescriptorEvent::readable, [&] {
+            char byte = 0;
+            if (read(ends[0], &byte, 1) == 1)
+                got += byte;
+            else
+                RunLoop::main()->stop();
+        });
+    bool isWritable = false;
+    RunLoopSource writer = RunLoop::main()->addDescriptor(ends[1], DescriptorEvent::writable, [&] {
+        isWritable = true;
+        writer.cancel();
+        EXPECT_EQ(write(ends[1], "ab", 2), 2);
+        close(ends[1]);
+    });
+    EXPECT_EQ(RunLoop::main()->run(20), RunLoopResult::stopped);
+    EXPECT_TRUE(isWritable);
+    EXPECT_EQ(got, "ab");
+    close(ends[0]);
+}
+
+TEST(RunLoop, callsObserversByOrderThenByAge) {
+    const auto& loop = RunLoop::main();
+    std::vector<std::string> calls;
+    std::vector<std::shared_ptr<CFRunLoopObserver>> observers;
+    const auto add = [&](int order, const char* name) {
+        observers.push_back(CFRunLoopObserver::create(
+            kCFRunLoopEntry, true, order, [&, name](CFRunLoopActivity) { calls.push_back(name); }));
+        loop->addObserver(observers.back());
+    };
+    add(1, "late");
+    add(0, "first");
+    add(0, "second");
+    add(-1, "early");
+    loop->run(0);
+    EXPECT_THAT(calls, ElementsAre("early", "first", "second", "late"));
+    for (const auto& observer : observers)
+        loop->removeObserver(observer);
+}
+
+TEST(RunLoop, doesNotCallAnObserverThatAnotherRemoved) {
+    const auto& loop = RunLoop::main();
+    int calls = 0;
+    const auto victim =
+        CFRunLoopObserver::create(kCFRunLoopEntry, true, 1, [&](CFRunLoopActivity) { ++calls; });
+    const auto remover = CFRunLoopObserver::create(
+        kCFRunLoopEntry, false, 0, [&](CFRunLoopActivity) { loop->removeObserver(victim); });
+    loop->addObserver(remover);
+    loop->addObserver(victim);
+    loop->run(0);
+    EXPECT_EQ(calls, 0);
+    EXPECT_FALSE(loop->containsObserver(victim));
+    EXPECT_FALSE(loop->containsObserver(remover));
+}
+
+TEST(RunLoop, callsAnObserverAddedInsideAnotherFromTheNextActivityOn) {
+    const auto& loop = RunLoop::main();
+    std::vector<unsigned> heard;
+    const auto added = CFRunLoopObserver::create(
+        given, true, 1, [&](CFRunLoopActivity activity) { heard.push_back(activity); });
+    loop->addObserver(CFRunLoopObserver::create(
+        kCFRunLoopEntry, false, 0, [&](CFRunLoopActivity) { loop->addObserver(added); }));
+    loop->run(0);
+    EXPECT_THAT(heard, ElementsAre(128u));
+    loop->removeObserver(added);
+}
+
+TEST(RunLoop, keepsAnObserverToOneLoop) {
+    const auto observer = CFRunLoopObserver::create(given, true, 0, [](CFRunLoopActivity) {});
+    RunLoop::main()->addObserver(observer);
+    std::thread([&] {
+        RunLoop::current()->addObserver(observer);
+        EXPECT_FALSE(RunLoop::current()->containsObserver(observer));
+    }).join();
+    RunLoop::main()->removeObserver(observer);
+    EXPECT_FALSE(observer->isScheduled());
+}
+
+}  // namespace
+}  // namespace quorin
