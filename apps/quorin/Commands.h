@@ -19,5 +19,6 @@ void addTrimCommand(CLI::App& program);
 void addCompareCommand(CLI::App& program);
 void addSheetCommand(CLI::App& program);
 void addSpringCommand(CLI::App& program);
+void addDeviceCommand(CLI::App& program);
 
 }  // namespace quorin::app

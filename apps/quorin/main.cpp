@@ -56,6 +56,7 @@ void describe(CLI::App& program) {
         "  quorin hit icon.svg --at 12,7.5       what a click there meets\n"
         "  quorin sheet sheet.png icons/*.svg    many drawings in one picture\n"
         "  quorin spring rk4 --plot curve.png    how a spring comes to rest\n"
+        "  quorin device                         which machine this is\n"
         "\n"
         "A drawing is an .svg file or the .json that convert writes. Each command has a --help\n"
         "of its own. The exit code is 0 when all went well, 1 for input that cannot be used, and\n"
@@ -71,6 +72,7 @@ void describe(CLI::App& program) {
     addCompareCommand(program);
     addSheetCommand(program);
     addSpringCommand(program);
+    addDeviceCommand(program);
 }
 
 int obey(int argumentCount, char** arguments) {

@@ -17,7 +17,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 const std::string commands[] = {"info", "render", "convert", "shape", "transform", "round",
-                                "trim", "hit",    "compare", "sheet", "spring"};
+                                "trim", "hit",    "compare", "sheet", "spring",    "device"};
 
 TEST(CommandLine, helpsWithEveryCommandAndExamples) {
     const ProgramRun run = runQuorin({"--help"});
