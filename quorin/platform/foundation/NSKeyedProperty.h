@@ -120,7 +120,9 @@ struct NSKeyedType<std::optional<Wrapped>> {
         if (value.isNothing())
             return std::optional<Wrapped>();
         auto wrapped = NSKeyedType<Wrapped>::from(value);
-        return wrapped ? std::optional(std::move(wrapped)) : std::nullopt;
+        if (!wrapped)
+            return std::nullopt;  // of the outer kind: no value that the key can hold
+        return std::optional<std::optional<Wrapped>>(std::move(wrapped));
     }
 
     static Value to(const std::optional<Wrapped>& value) {
