@@ -69,7 +69,7 @@ TEST_F(KVOControllerTest, leavesOneLiveObservationWhenTheSameIsObservedTwice) {
 TEST_F(KVOControllerTest, registersTheNewObservationBeforeItStopsTheOldOne) {
     // The closure of the old one is released after the new one got its initial value.
     struct Farewell {
-        explicit Farewell(std::vector<std::string>& calls) : calls(calls) {}
+        explicit Farewell(std::vector<std::string>& notes) : calls(notes) {}
         ~Farewell() { calls.emplace_back("released"); }
 
         std::vector<std::string>& calls;
@@ -151,12 +151,13 @@ TEST_F(KVOControllerTest, keepsRegistriesApart) {
     EXPECT_THAT(calls, ElementsAre("second"));
 }
 
-TEST_F(KVOControllerTest, tellsObjectsApartByTheirHashValueAlone) {
-    struct Twin : Node {
-        using Class = NSClassOf<Twin, Node>;
+struct Twin : Node {
+    using Class = NSClassOf<Twin, Node>;
 
-        std::size_t hashValue() const override { return 42; }
-    };
+    std::size_t hashValue() const override { return 42; }
+};
+
+TEST_F(KVOControllerTest, tellsObjectsApartByTheirHashValueAlone) {
     const auto one = makeObject<Twin>();
     const auto two = makeObject<Twin>();
     controller.observe(*one, "number", both, noting("one"));
@@ -170,11 +171,6 @@ TEST_F(KVOControllerTest, tellsObjectsApartByTheirHashValueAlone) {
 }
 
 TEST_F(KVOControllerTest, takesThePlaceOfAnObserverWhoseObjectIsGone) {
-    struct Twin : Node {
-        using Class = NSClassOf<Twin, Node>;
-
-        std::size_t hashValue() const override { return 43; }
-    };
     controller.observe(*makeObject<Twin>(), "number", both, noting("gone"));
     const auto two = makeObject<Twin>();
     controller.observe(*two, "number", both, noting("two"));
@@ -208,15 +204,16 @@ TEST_F(KVOControllerTest, stopsWhenTheRegistryEndsFirst) {
     EXPECT_EQ(held.use_count(), 1);
 }
 
+struct SelfWatching : Node {
+    using Class = NSClassOf<SelfWatching, Node>;
+
+    SelfWatching() = default;
+    ~SelfWatching() override { registry.unobserve(*this); }
+
+    KVOController registry;
+};
+
 TEST_F(KVOControllerTest, endsTogetherWithAnObjectThatOwnsItsRegistry) {
-    struct SelfWatching : Node {
-        using Class = NSClassOf<SelfWatching, Node>;
-
-        SelfWatching() = default;
-        ~SelfWatching() override { registry.unobserve(*this); }
-
-        KVOController registry;
-    };
     auto object = makeObject<SelfWatching>();
     object->registry.observe(*object, "number", both, noting("own"));
     controller.observe(*object, "number", both, noting("foreign"));
@@ -322,14 +319,15 @@ TEST_F(KVOControllerTest, letsABlockReleaseTheObservedObject) {
     EXPECT_EQ(node, nullptr);
 }
 
-TEST_F(KVOControllerTest, stopsWhatAReleasedClosureObservesAnew) {
-    struct Again {
-        ~Again() { controller.observe(*node, "number", both, std::move(block)); }
+struct Again {
+    ~Again() { controller.observe(*node, "number", both, std::move(block)); }
 
-        KVOController& controller;
-        std::shared_ptr<Node> node;
-        KVOController::Block block;
-    };
+    KVOController& controller;
+    std::shared_ptr<Node> node;
+    KVOController::Block block;
+};
+
+TEST_F(KVOControllerTest, stopsWhatAReleasedClosureObservesAnew) {
     auto again = std::shared_ptr<Again>(new Again{controller, node, noting("again")});
     controller.observe(*node, "number", both, [again](const KVONotification&) {});
     again.reset();
@@ -339,13 +337,6 @@ TEST_F(KVOControllerTest, stopsWhatAReleasedClosureObservesAnew) {
 }
 
 TEST_F(KVOControllerTest, leavesOneObservationWhenTheReplacedClosureObservesAnew) {
-    struct Again {
-        ~Again() { controller.observe(*node, "number", both, std::move(block)); }
-
-        KVOController& controller;
-        std::shared_ptr<Node> node;
-        KVOController::Block block;
-    };
     auto again = std::shared_ptr<Again>(new Again{controller, node, noting("again")});
     controller.observe(*node, "number", both, [again](const KVONotification&) {});
     again.reset();

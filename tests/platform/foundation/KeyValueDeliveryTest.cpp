@@ -151,12 +151,13 @@ TEST_F(KeyValueDelivery, tellsOfAnotherKeyThatIsChangedMeanwhile) {
     node->removeObserver(*b, "name");
 }
 
-TEST_F(KeyValueDelivery, endsQuietlyWhenTheObjectIsReleasedByAnObserver) {
-    struct Owner : Recorder {
-        using Class = NSClassOf<Owner, Recorder>;
+struct Owner : Recorder {
+    using Class = NSClassOf<Owner, Recorder>;
 
-        std::shared_ptr<Node> owned = makeObject<Node>();
-    };
+    std::shared_ptr<Node> owned = makeObject<Node>();
+};
+
+TEST_F(KeyValueDelivery, endsQuietlyWhenTheObjectIsReleasedByAnObserver) {
     const auto owner = makeObject<Owner>();
     Node* const owned = owner->owned.get();
     const std::weak_ptr<Node> reference = owner->owned;

@@ -206,18 +206,19 @@ TEST_F(KeyValuePathDeathTest, stopsTheProcessWhenAnObjectEndsObserved) {
     node->removeObserver(*recorder, "next.number");
 }
 
+struct Holder : NSObject {
+    using Class = NSClassOf<Holder, NSObject>;
+
+    static void declareKeys(NSKeyList<Holder>& keys) {
+        keys.property("content", &Holder::content,
+                      [](Holder& owner, Value value) { owner.content = value; });
+    }
+
+    Value content;
+};
+
 TEST_F(KeyValuePathDeathTest, namesClassAndKeyWhenAReplacementLacksTheKey) {
     const auto holder = makeObject<Node>();
-    struct Holder : NSObject {
-        using Class = NSClassOf<Holder, NSObject>;
-
-        static void declareKeys(NSKeyList<Holder>& keys) {
-            keys.property("content", &Holder::content,
-                          [](Holder& owner, Value value) { owner.content = value; });
-        }
-
-        Value content;
-    };
     const auto object = makeObject<Holder>();
     object->addObserver(*recorder, "content.number", both);
     object->setValueForKey(numbered(1), "content");
@@ -228,15 +229,16 @@ TEST_F(KeyValuePathDeathTest, namesClassAndKeyWhenAReplacementLacksTheKey) {
     object->removeObserver(*recorder, "content.number");
 }
 
+struct Late : Node {
+    using Class = NSClassOf<Late, Node>;
+
+    explicit Late(Recorder& recorder) : by(recorder) {}
+    ~Late() override { addObserver(by, "number", both); }
+
+    Recorder& by;
+};
+
 TEST_F(KeyValuePathDeathTest, cannotStartAtAnObjectThatIsBeingDestroyed) {
-    struct Late : Node {
-        using Class = NSClassOf<Late, Node>;
-
-        explicit Late(Recorder& by) : by(by) {}
-        ~Late() override { addObserver(by, "number", both); }
-
-        Recorder& by;
-    };
     EXPECT_DEATH(makeObject<Late>(*recorder), "cannot be observed while it is destroyed");
 }
 

@@ -146,23 +146,25 @@ TEST(KeyedProperty, isInheritedBySubclasses) {
     EXPECT_EQ(leaf->valueForKey("weight"), Value(2.5));
 }
 
-TEST(KeyedProperty, ofASubclassTakesThePlaceOfAnInheritedOne) {
-    struct Shouting : Node {
-        using Class = NSClassOf<Shouting, Node>;
+struct Shouting : Node {
+    using Class = NSClassOf<Shouting, Node>;
 
-        static void declareKeys(NSKeyList<Shouting>& keys) {
-            keys.property("name", [](const Shouting& node) { return node.name + "!"; });
-        }
-    };
+    static void declareKeys(NSKeyList<Shouting>& keys) {
+        keys.property("name", [](const Shouting& node) { return node.name + "!"; });
+    }
+};
+
+TEST(KeyedProperty, ofASubclassTakesThePlaceOfAnInheritedOne) {
     const auto node = makeObject<Shouting>();
     node->name = "oak";
     EXPECT_EQ(node->valueForKey("name"), Value("oak!"));
 }
 
+struct Plain : Node {
+    using Class = NSClassOf<Plain, Node>;
+};
+
 TEST(KeyedProperty, isNotTakenUpTwiceByASubclassWithoutKeysOfItsOwn) {
-    struct Plain : Node {
-        using Class = NSClassOf<Plain, Node>;
-    };
     EXPECT_EQ(makeObject<Plain>()->valueForKey("number"), Value(0));
     EXPECT_EQ(NSClass::of<Plain>().property("number"), NSClass::of<Node>().property("number"));
 }

@@ -24,7 +24,7 @@ struct Derived : Base {
 };
 
 struct Tracker : Object {
-    explicit Tracker(std::string text) : text(std::move(text)) {}
+    explicit Tracker(std::string given) : text(std::move(given)) {}
     ~Tracker() override { ended.push_back(text); }
     std::string description() const override { return text; }
 
@@ -69,12 +69,13 @@ TEST(NSObject, announcesItsEndMostDerivedFirstAndBeforeEveryDestructor) {
     EXPECT_THAT(ended, testing::ElementsAre("base", "~Base"));
 }
 
-TEST(NSObject, announcesItselfWholeButOutOfReachOfWeakReferences) {
-    struct Announced : NSObject {
-        using Class = NSClassOf<Announced, NSObject>;
+struct Announced : NSObject {
+    using Class = NSClassOf<Announced, NSObject>;
 
-        int content = 7;
-    };
+    int content = 7;
+};
+
+TEST(NSObject, announcesItselfWholeButOutOfReachOfWeakReferences) {
     static std::weak_ptr<NSObject> reference;
     static int seen = 0;
     static bool expired = false;
@@ -115,12 +116,13 @@ TEST(NSObject, releasesAnAssociatedObjectThatIsReplacedOrTakenOut) {
     node->setAssociatedObject(&key, nullptr);
 }
 
-TEST(NSObject, releasesAssociatedObjectsAfterItsDestructors) {
-    struct Owner : NSObject {
-        using Class = NSClassOf<Owner, NSObject>;
+struct Owner : NSObject {
+    using Class = NSClassOf<Owner, NSObject>;
 
-        ~Owner() override { ended.push_back("~Owner"); }
-    };
+    ~Owner() override { ended.push_back("~Owner"); }
+};
+
+TEST(NSObject, releasesAssociatedObjectsAfterItsDestructors) {
     static const char key = 0;
     ended.clear();
     makeObject<Owner>()->setAssociatedObject(&key, std::make_shared<Tracker>("associated"));
