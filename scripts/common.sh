@@ -14,7 +14,7 @@ packages_for() {
     case $1 in
         build) echo cmake ninja-build g++ pkg-config libcairo2-dev libcli11-dev libglib2.0-dev libicu-dev \
             libmnl-dev libpugixml-dev libsimdjson-dev libssl-dev libzip-dev uuid-dev ;;
-        tests) echo libgmock-dev libgtest-dev librapidcheck-dev ;;
+        tests) echo iproute2 libgmock-dev libgtest-dev librapidcheck-dev ;;
         demo) echo breeze-icon-theme ;;
         bench) echo libbenchmark-dev libboost-dev libeigen3-dev libglm-dev libsigc++-2.0-dev \
             lib2geom-dev nlohmann-json3-dev qt6-base-dev qt6-base-private-dev ;;

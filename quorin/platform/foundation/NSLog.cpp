@@ -21,6 +21,8 @@ Log& sharedLog() {
 
 /// Messages quote names of files, which must neither break the line nor steer a terminal.
 std::string oneLine(std::string_view message) {
+    if (message.ends_with('\n'))
+        message.remove_suffix(1);  // some bring the end of their line along
     std::string line(message);
     std::replace_if(
         line.begin(), line.end(),

@@ -184,6 +184,7 @@ TEST(RunLoop, takesObserversAndStopsFromOtherThreads) {
         const auto last =
             CFRunLoopObserver::create(given, false, 0, [&](CFRunLoopActivity) { ++calls; });
         loop->addObserver(last);
+        loop->perform([] {});  // an observer alone does not wake the loop
         while (calls == 0 || last->isScheduled())
             std::this_thread::yield();
         loop->stop();
