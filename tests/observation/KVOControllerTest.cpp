@@ -234,6 +234,18 @@ TEST_F(KVOControllerTest, endsTogetherWithAnObjectWhoseBlockOwnsTheRegistry) {
     EXPECT_TRUE(reference.expired());
 }
 
+TEST_F(KVOControllerTest, letsReleasedClosuresStopEachOtherWhileTheirObjectEnds) {
+    const auto stopper = [this](const char* keyPath) {
+        Node* const dying = node.get();
+        return std::shared_ptr<void>(
+            nullptr, [this, dying, keyPath](void*) { controller.unobserve(*dying, keyPath); });
+    };
+    controller.observe(*node, "name", both, [held = stopper("number")](const auto&) {});
+    controller.observe(*node, "number", both, [held = stopper("name")](const auto&) {});
+    node.reset();  // a registration left over would stop the process
+    EXPECT_EQ(node, nullptr);
+}
+
 TEST_F(KVOControllerTest, doesNotKeepAnObservedObjectAlive) {
     const std::weak_ptr<Node> reference = node;
     controller.observe(*node, "number", both, noting("number"));

@@ -98,6 +98,12 @@ TEST_F(KeyValuePath, tellsOnceOfAnObjectThatIsReachedByBothSidesOfADiamond) {
 TEST_F(KeyValuePath, tellsOnceWhenARingLeadsItThroughTheSameKeyAgain) {
     const auto node = numbered(1);
     node->setNext(node);
+    node->addObserver(*recorder, "next.next.number", both | Options::prior);
+    node->setNext(node);
+    EXPECT_EQ(recorder->told.size(), 2u);  // once before and once after
+    node->removeObserver(*recorder, "next.next.number");
+    recorder->told.clear();
+
     node->addObserver(*recorder, "next.next.number", both);
     const auto other = chain(2);
     node->setNext(other[0]);
