@@ -13,8 +13,9 @@ namespace quorin::test {
 /// An empty folder that goes away with all that is in it.
 class TemporaryFolder {
 public:
-    TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "quorin-XXXXXX").string();
+    explicit TemporaryFolder(
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+        std::string name = (parent / "quorin-XXXXXX").string();
         if (!mkdtemp(name.data()))
             throw std::runtime_error("no temporary folder " + name);
         folder = name;
