@@ -20,5 +20,6 @@ void addCompareCommand(CLI::App& program);
 void addSheetCommand(CLI::App& program);
 void addSpringCommand(CLI::App& program);
 void addDeviceCommand(CLI::App& program);
+void addDigestCommand(CLI::App& program);
 
 }  // namespace quorin::app

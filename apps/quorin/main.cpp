@@ -57,6 +57,7 @@ void describe(CLI::App& program) {
         "  quorin sheet sheet.png icons/*.svg    many drawings in one picture\n"
         "  quorin spring rk4 --plot curve.png    how a spring comes to rest\n"
         "  quorin device                         which machine this is\n"
+        "  quorin digest icon.svg                whether files are the same\n"
         "\n"
         "A drawing is an .svg file or the .json that convert writes. Each command has a --help\n"
         "of its own. The exit code is 0 when all went well, 1 for input that cannot be used, and\n"
@@ -73,6 +74,7 @@ void describe(CLI::App& program) {
     addSheetCommand(program);
     addSpringCommand(program);
     addDeviceCommand(program);
+    addDigestCommand(program);
 }
 
 int obey(int argumentCount, char** arguments) {

@@ -16,8 +16,9 @@ using test::WentWell;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-const std::string commands[] = {"info", "render", "convert", "shape", "transform", "round",
-                                "trim", "hit",    "compare", "sheet", "spring",    "device"};
+const std::string commands[] = {"info",   "render", "convert", "shape",   "transform",
+                                "round",  "trim",   "hit",     "compare", "sheet",
+                                "spring", "device", "digest"};
 
 TEST(CommandLine, helpsWithEveryCommandAndExamples) {
     const ProgramRun run = runQuorin({"--help"});
