@@ -60,9 +60,9 @@ void rearrangeObjectsWithReversedArray(const Set& set,
     const std::unordered_set<Element> members(std::ranges::begin(set), std::ranges::end(set));
     std::unordered_set<Element> seen;
     std::vector<Element> wanted;
-    for (const Element& element : std::ranges::reverse_view(array))
-        if (seen.insert(element).second)
-            wanted.push_back(element);
+    for (auto element = array.rbegin(); element != array.rend(); ++element)
+        if (seen.insert(*element).second)
+            wanted.push_back(*element);
 
     for (const Element& element : members)
         if (!seen.contains(element))

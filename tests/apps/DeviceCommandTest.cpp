@@ -23,7 +23,7 @@ protected:
         return runQuorin(more);
     }
 
-    const test::DeviceSysfs sysfs;
+    const test::DeviceSysfs sysfs{};
     const test::TemporaryFolder folder;
 };
 

@@ -28,7 +28,7 @@ class DeviceIdentifier : public testing::Test {
 protected:
     std::string identifier() { return getDeviceUniqueIdentifier(sysfs.path(), defaults); }
 
-    const DeviceSysfs sysfs;
+    const DeviceSysfs sysfs{};
     const TemporaryFolder folder;
     UserDefaults defaults{folder.path()};
     std::vector<std::string> logged;

@@ -13,14 +13,14 @@ using Address = std::vector<std::uint8_t>;
 using test::DeviceSysfs;
 
 TEST(HardwareAddress, isThatOfEn0WhereThereIsOne) {
-    const DeviceSysfs sysfs;
+    const DeviceSysfs sysfs{};
     sysfs.interface("eth0", "00:16:3e:00:00:01", 1);
     sysfs.interface("en0", "02:16:3E:ab:CD:ef", 9, "1", false);
     EXPECT_EQ(hardwareAddress(sysfs.path()), (Address{0x02, 0x16, 0x3E, 0xAB, 0xCD, 0xEF}));
 }
 
 TEST(HardwareAddress, isElseThatOfTheFirstPhysicalEthernetInterface) {
-    const DeviceSysfs sysfs;
+    const DeviceSysfs sysfs{};
     sysfs.interface("lo", "00:00:00:00:00:00", 1, "772", false);
     sysfs.interface("bridge", "00:16:3e:00:00:01", 2, "1", false);
     sysfs.interface("serial", "00:16:3e:00:00:02", 3, "512");
@@ -37,7 +37,7 @@ TEST(HardwareAddress, takesTheNextInterfaceWhereOneTellsNoAddress) {
           "00:16:3e:00:00:", "00-16-3e-00-00-01", "0:16:3e:0:0:1", "00:16:3e:00:00:0g",
           "00:16:3e:00:00:01:", "-1:16:3e:00:00:01", "00:16:3e:00:00:01\n00:16:3e:00:00:01"}) {
         SCOPED_TRACE(bad);
-        const DeviceSysfs sysfs;
+        const DeviceSysfs sysfs{};
         sysfs.interface("en0", bad, 1);
         sysfs.interface("eth0", bad, 2);
         sysfs.interface("eth1", "00:16:3e:00:00:01", 3);
@@ -63,7 +63,7 @@ TEST(HardwareAddress, takesLongAddressesAsFarAsTheKernelHasThem) {
 }
 
 TEST(HardwareAddress, isNothingWhereTheKernelTellsNothing) {
-    const DeviceSysfs sysfs;
+    const DeviceSysfs sysfs{};
     const auto before = test::openFileCount();
     EXPECT_EQ(hardwareAddress(sysfs.path()), std::nullopt);
     EXPECT_EQ(hardwareAddress(sysfs.path() + "/missing"), std::nullopt);
