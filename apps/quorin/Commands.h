@@ -21,5 +21,6 @@ void addSheetCommand(CLI::App& program);
 void addSpringCommand(CLI::App& program);
 void addDeviceCommand(CLI::App& program);
 void addDigestCommand(CLI::App& program);
+void addReachCommand(CLI::App& program);
 
 }  // namespace quorin::app

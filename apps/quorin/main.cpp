@@ -58,6 +58,7 @@ void describe(CLI::App& program) {
         "  quorin spring rk4 --plot curve.png    how a spring comes to rest\n"
         "  quorin device                         which machine this is\n"
         "  quorin digest icon.svg                whether files are the same\n"
+        "  quorin reach example.org              whether there is a way to a host\n"
         "\n"
         "A drawing is an .svg file or the .json that convert writes. Each command has a --help\n"
         "of its own. The exit code is 0 when all went well, 1 for input that cannot be used, and\n"
@@ -75,6 +76,7 @@ void describe(CLI::App& program) {
     addSpringCommand(program);
     addDeviceCommand(program);
     addDigestCommand(program);
+    addReachCommand(program);
 }
 
 int obey(int argumentCount, char** arguments) {

@@ -18,7 +18,7 @@ using testing::StartsWith;
 
 const std::string commands[] = {"info",   "render", "convert", "shape",   "transform",
                                 "round",  "trim",   "hit",     "compare", "sheet",
-                                "spring", "device", "digest"};
+                                "spring", "device", "digest",  "reach"};
 
 TEST(CommandLine, helpsWithEveryCommandAndExamples) {
     const ProgramRun run = runQuorin({"--help"});
