@@ -15,4 +15,9 @@ inline const std::string sampleSvg =
 </svg>
 )";
 
+/// A drawing of this content, its page given by the attributes.
+inline std::string svgOf(const std::string& attributes, const std::string& content) {
+    return "<svg xmlns='http://www.w3.org/2000/svg' " + attributes + ">" + content + "</svg>";
+}
+
 }  // namespace quorin::test

@@ -3,6 +3,7 @@
 #include <numbers>
 
 #include "tests/TestSupport.h"
+#include "tests/apps/Drawings.h"
 #include "tests/apps/ProgramRun.h"
 #include "tests/apps/WrittenDrawing.h"
 #include "tests/support/TemporaryFolder.h"
@@ -26,9 +27,7 @@ using testing::HasSubstr;
 class RoundCommand : public testing::Test {
 protected:
     std::string drawing(const std::string& content) const {
-        return folder.file(
-            "a.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='100' height='100'>" + content +
-                         "</svg>");
+        return folder.file("a.svg", test::svgOf("width='100' height='100'", content));
     }
     /// The SVG that is written of a drawing.
     std::string rounded(const std::string& file, const std::vector<std::string>& options) const {

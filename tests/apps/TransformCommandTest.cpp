@@ -23,8 +23,7 @@ using testing::HasSubstr;
 class TransformCommand : public testing::Test {
 protected:
     std::string drawing(const std::string& attributes, const std::string& content) const {
-        return folder.file("a.svg", "<svg xmlns='http://www.w3.org/2000/svg' " + attributes + ">" +
-                                        content + "</svg>");
+        return folder.file("a.svg", test::svgOf(attributes, content));
     }
     ProgramRun transform(const std::string& file, std::vector<std::string> options) const {
         options.insert(options.begin(), {"transform", file, output});

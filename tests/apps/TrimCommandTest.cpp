@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "tests/TestSupport.h"
+#include "tests/apps/Drawings.h"
 #include "tests/apps/ProgramRun.h"
 #include "tests/apps/WrittenDrawing.h"
 #include "tests/support/TemporaryFolder.h"
@@ -23,9 +24,7 @@ using testing::StartsWith;
 class TrimCommand : public testing::Test {
 protected:
     std::string drawing(const std::string& content) const {
-        return folder.file(
-            "a.svg",
-            "<svg xmlns='http://www.w3.org/2000/svg' width='50' height='50'>" + content + "</svg>");
+        return folder.file("a.svg", test::svgOf("width='50' height='50'", content));
     }
     void trim(const std::string& file, const std::vector<std::string>& options) const {
         std::vector<std::string> words = {"trim", file, output};
