@@ -1,5 +1,7 @@
 #include "quorin/platform/values/NSNumber.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -37,6 +39,18 @@ std::int64_t NSNumber::integerValue() const {
 
 double NSNumber::doubleValue() const {
     return std::visit([](auto value) { return static_cast<double>(value); }, content);
+}
+
+std::string NSNumber::stringValue() const {
+    const double* number = std::get_if<double>(&content);
+    if (!number)
+        return std::to_string(integerValue());
+    if (std::isnan(*number))
+        return "nan";             // whatever its sign bit says
+    std::array<char, 32> buffer;  // the longest are 23 characters, as -2.225073858507201e-308
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), *number,
+                                       std::chars_format::general, 16);
+    return {buffer.data(), written.ptr};
 }
 
 const char* NSNumber::objCType() const {

@@ -2,6 +2,7 @@
 
 #include <concepts>
 #include <cstdint>
+#include <string>
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -42,6 +43,9 @@ public:
     std::int64_t integerValue() const;
     /// A Boolean reads 0 or 1; an integer beyond 2^53 is rounded.
     double doubleValue() const;
+    /// Whatever the locale: at most 16 digits, exponents from 1e16 on and below 1e-4, as in `1234`,
+    /// `0.1`, `-0`, `1e+16`, `inf`, `nan`; all digits of an integer; 1 and 0 for a Boolean.
+    std::string stringValue() const;
 
     /// "c" for a Boolean, "q" for an integer, "d" for a double.
     const char* objCType() const;
