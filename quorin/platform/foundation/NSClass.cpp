@@ -24,25 +24,44 @@ std::string unqualifiedName(const std::type_info& type) {
 
 }  // namespace
 
-NSClass::NSClass(const std::type_info& type, NSClass* superclass, NSKeyedProperties properties)
+NSClass::NSClass(const std::type_info& type, NSClass* superclass, NSKeyedProperties properties,
+                 NSActions actions)
     : _type(type),
       _name(unqualifiedName(type)),
       _superclass(superclass),
-      ownProperties(std::move(properties)) {}
+      ownProperties(std::move(properties)),
+      ownActions(std::move(actions)) {}
 
-const NSKeyedProperty* NSClass::property(std::string_view key) const {
+template <typename Table>
+const typename Table::mapped_type* NSClass::nearest(Table NSClass::*own,
+                                                    std::string_view name) const {
     for (const NSClass* each = this; each; each = each->_superclass) {
-        const auto found = each->ownProperties.find(key);
-        if (found != each->ownProperties.end())
+        const auto found = (each->*own).find(name);
+        if (found != (each->*own).end())
             return &found->second;
     }
     return nullptr;
+}
+
+const NSKeyedProperty* NSClass::property(std::string_view key) const {
+    return nearest(&NSClass::ownProperties, key);
 }
 
 const NSKeyedProperty& NSClass::requiredProperty(std::string_view key) const {
     const NSKeyedProperty* found = property(key);
     if (!found)
         fatalError(std::string(_name).append(" has no key \"").append(key).append("\""));
+    return *found;
+}
+
+const NSAction* NSClass::action(std::string_view name) const {
+    return nearest(&NSClass::ownActions, name);
+}
+
+const NSAction& NSClass::requiredAction(std::string_view name) const {
+    const NSAction* found = action(name);
+    if (!found)
+        fatalError(std::string(_name).append(" has no action \"").append(name).append("\""));
     return *found;
 }
 

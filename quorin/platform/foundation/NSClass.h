@@ -7,6 +7,7 @@
 #include <type_traits>
 #include <typeinfo>
 
+#include "quorin/platform/foundation/NSAction.h"
 #include "quorin/platform/foundation/NSKeyedProperty.h"
 
 namespace quorin {
@@ -33,7 +34,8 @@ public:
     NSClass& operator=(const NSClass&) = delete;
 
     /// The class of `Type`, which has to declare itself by `NSClassOf`. Its own keys are those that
-    /// its `static void declareKeys(NSKeyList<Type>&)` names, if there is one.
+    /// its `static void declareKeys(NSKeyList<Type>&)` names, if there is one, and its own actions
+    /// those that its `static void declareActions(NSActionList<Type>&)` names.
     template <typename Type>
     static NSClass& of();
 
@@ -48,6 +50,11 @@ public:
     /// The same; stops the process, naming class and key, when there is none.
     const NSKeyedProperty& requiredProperty(std::string_view key) const;
 
+    /// The class's own or inherited action; null when there is none.
+    const NSAction* action(std::string_view name) const;
+    /// The same; stops the process, naming class and action, when there is none.
+    const NSAction& requiredAction(std::string_view name) const;
+
     /// Has `callback` called before an instance of this class or of a subclass is destroyed, ahead
     /// of those that were added earlier.
     void addDeallocationCallback(NSDeallocationCallback callback);
@@ -60,7 +67,8 @@ private:
         const AddedCallback* earlier;
     };
 
-    NSClass(const std::type_info& type, NSClass* superclass, NSKeyedProperties properties);
+    NSClass(const std::type_info& type, NSClass* superclass, NSKeyedProperties properties,
+            NSActions actions);
 
     template <typename Type>
     static NSClass* superclassOf() {
@@ -84,10 +92,25 @@ private:
         return properties;
     }
 
+    template <typename Type>
+    static NSActions actionsOf() {
+        NSActions actions;
+        if constexpr (requires(NSActionList<Type> & list) { Type::declareActions(list); }) {
+            NSActionList<Type> list(actions);
+            Type::declareActions(list);
+        }
+        return actions;
+    }
+
+    /// The entry of the class itself, else that of the closest superclass; null for none.
+    template <typename Table>
+    const typename Table::mapped_type* nearest(Table NSClass::*own, std::string_view name) const;
+
     const std::type_info& _type;
     std::string _name;
     NSClass* _superclass;
     NSKeyedProperties ownProperties;
+    NSActions ownActions;
     // A list that only grows, so that objects may be destroyed while another thread adds to it.
     std::atomic<const AddedCallback*> deallocationCallbacks{nullptr};
 };
@@ -98,7 +121,7 @@ NSClass& NSClass::of() {
                   "a class of objects declares `using Class = NSClassOf<itself, superclass>`");
     // Never destroyed: the last objects end after the static variables.
     static NSClass& instance =
-        *new NSClass(typeid(Type), superclassOf<Type>(), propertiesOf<Type>());
+        *new NSClass(typeid(Type), superclassOf<Type>(), propertiesOf<Type>(), actionsOf<Type>());
     return instance;
 }
 
