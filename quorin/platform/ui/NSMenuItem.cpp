@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "quorin/platform/ui/NSApplication.h"
 #include "quorin/platform/ui/NSMenu.h"
 
 namespace quorin {
