@@ -2,17 +2,19 @@
 
 #include <stdlib.h>
 
+#include <string>
+
 #include "quorin/platform/foundation/posix/Descriptor.h"
 #include "quorin/platform/foundation/posix/UserFolders.h"
 
 namespace quorin {
 
-std::string temporaryDirectory() {
+URL temporaryDirectory() {
     const std::string parent = temporaryFolder();
     std::string path = parent + "/quorin-XXXXXX";
     if (!mkdtemp(path.data()))
         failWith(parent);
-    return path;
+    return URL::fileURL(path);
 }
 
 }  // namespace quorin

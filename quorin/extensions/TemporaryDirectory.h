@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
+#include "quorin/platform/foundation/URL.h"
 
 namespace quorin {
 
 /// A new empty folder inside the temporary folder (`$TMPDIR`, else `/tmp`), that only the user may
 /// enter; whoever asks for it removes it. Throws `FileError`.
-std::string temporaryDirectory();
+URL temporaryDirectory();
 
 }  // namespace quorin

@@ -32,9 +32,11 @@ private:
 TEST(TemporaryDirectory, isANewEmptyFolderOfTheUsersOwn) {
     const test::TemporaryFolder folder;
     const TemporaryFilesIn place(folder.path() + "/");
-    const std::string first = temporaryDirectory(), second = temporaryDirectory();
+    const URL first = temporaryDirectory(), second = temporaryDirectory();
     EXPECT_NE(first, second);
-    for (const std::string& path : {first, second}) {
+    for (const URL& url : {first, second}) {
+        EXPECT_TRUE(url.isFileURL());
+        const std::string path = url.path();
         EXPECT_EQ(fs::path(path).parent_path(), folder.path());
         EXPECT_TRUE(fs::is_empty(path));
         EXPECT_EQ(test::modeOf(path), 0700u);
@@ -44,10 +46,19 @@ TEST(TemporaryDirectory, isANewEmptyFolderOfTheUsersOwn) {
 TEST(TemporaryDirectory, standsWhereTemporaryFilesDoUnlessToldAnAbsolutePlace) {
     for (const std::string place : {"", "relative"}) {
         const TemporaryFilesIn here(place);
-        const std::string path = temporaryDirectory();
+        const std::string path = temporaryDirectory().path();
         EXPECT_EQ(fs::path(path).parent_path(), "/tmp");
         fs::remove(path);
     }
+}
+
+TEST(TemporaryDirectory, isFoundBelowANameThatNeedsEscapes) {
+    const test::TemporaryFolder folder;
+    fs::create_directory(folder / "größe 1%\xFF");
+    const TemporaryFilesIn place(folder / "größe 1%\xFF");
+    const URL url = temporaryDirectory();
+    EXPECT_TRUE(fs::is_directory(url.path()));
+    EXPECT_EQ(URL::parse(url.absoluteString()), url);
 }
 
 TEST(TemporaryDirectory, saysWhereItCannotBeMade) {
