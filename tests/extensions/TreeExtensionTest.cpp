@@ -49,6 +49,22 @@ TEST(IndexPathOfObject, meansTheObjectItself) {
     EXPECT_EQ(indexPathOfObject(std::make_shared<Layer>(), nodes), std::nullopt);
 }
 
+TEST(IndexPathOfObject, isFoundAtAnyDepth) {
+    constexpr std::size_t depth = 100'000;  // more than the stack has frames for
+    std::shared_ptr<NSTreeNode> top = node("x");
+    for (std::size_t i = 0; i < depth; ++i)
+        top = node("a", {std::move(top)});
+    const auto path = indexPathOfObject("x", Nodes{top});
+    ASSERT_TRUE(path.has_value());
+    EXPECT_EQ(*path, NSIndexPath(depth + 1, 0));
+}
+
+TEST(TreeNode, leavesABranchToWhoStillHoldsIt) {
+    const auto branch = node("b", {node("c", {node("d")})});
+    node("a", {branch, node("e")}).reset();
+    EXPECT_THAT(indexPathOfObject("d", Nodes{branch}), Optional(ElementsAre(0, 0, 0)));
+}
+
 TEST(IndexPathOfObject, isFoundInTheArrangedNodesOfAController) {
     NSTreeController controller;
     EXPECT_EQ(indexPathOfObject(controller, "b"), std::nullopt);
