@@ -26,7 +26,7 @@ using ThumbnailCallback = FunctionRef<void(const std::optional<std::string>& dat
 /// Reads the entry "QuickLookPreview" at the top of a document package, a folder or a zip archive,
 /// while no coordinated writer is at work, and then calls `callback` exactly once. An entry that is
 /// a link, a folder, encrypted, damaged or too large is an error, and so is a file that is no
-/// package.
+/// package or an archive that claims more than 100,000 entries.
 void quorinThumbnail(const std::string& path, ThumbnailCallback callback,
                      const ThumbnailOptions& options = {});
 

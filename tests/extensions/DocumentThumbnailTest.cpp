@@ -180,6 +180,42 @@ TEST_F(DocumentThumbnail, takesNoMemoryForASizeThatIsOnlyClaimed) {
     EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 100'000) << "in kilobytes";
 }
 
+TEST_F(DocumentThumbnail, takesNoMemoryForEntriesThatAreOnlyClaimed) {
+    const std::string path = folder.file("holes.zip", "");
+    constexpr std::uint64_t entries = 10'000'000, directory = 46 * entries;
+    fs::resize_file(path, directory);  // a hole: it takes no room on the disk
+    std::ofstream(path, std::ios::app | std::ios::binary)
+        << test::largeEndRecords(entries, directory);
+    rusage before{}, after{};
+    ASSERT_EQ(getrusage(RUSAGE_SELF, &before), 0);
+    EXPECT_EQ(thumbnail(path), failure(path, "more entries than the limit of 100000"));
+    ASSERT_EQ(getrusage(RUSAGE_SELF, &after), 0);
+    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 50'000) << "in kilobytes";
+}
+
+TEST_F(DocumentThumbnail, looksForClaimsInEveryRecordThatAReaderMightBelieve) {
+    const std::string first = test::largeEndRecords(100'001, 0) + test::endRecord(0, 0);
+    const std::string path = folder.file("first.zip", first);
+    EXPECT_EQ(thumbnail(path), failure(path, "more entries than the limit of 100000"));
+    // The comment of one archive is the end of another.
+    const std::string second = test::endRecord(0, 0, test::largeEndRecords(100'001, 22));
+    const std::string other = folder.file("second.zip", second);
+    EXPECT_EQ(thumbnail(other), failure(other, "more entries than the limit of 100000"));
+}
+
+TEST_F(DocumentThumbnail, isFoundAmongThousandsOfEntriesAndBehindALongComment) {
+    std::vector<ZipEntry> entries;
+    for (int i = 0; i < 3'000; ++i)
+        entries.push_back({std::to_string(i), ""});
+    entries.push_back({entryName, preview});
+    const std::string path = zip(entries);
+    EXPECT_EQ(thumbnail(path).data, preview);
+
+    std::string bytes = readFile(zip({{entryName, preview}}));
+    bytes.replace(bytes.size() - 2, 2, test::littleEndian(65'535, 2) + std::string(65'535, 'c'));
+    EXPECT_EQ(thumbnail(folder.file("commented.zip", bytes)).data, preview);
+}
+
 TEST_F(DocumentThumbnail, isNotReadWhenItIsEncrypted) {
     const std::string path = zip({{entryName, preview, ZIP_CM_DEFLATE, ZIP_EM_AES_256}});
     EXPECT_EQ(thumbnail(path), failure(path + "/QuickLookPreview", "is encrypted"));

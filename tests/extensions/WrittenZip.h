@@ -38,6 +38,13 @@ inline std::string writtenZip(const std::string& path, const std::vector<ZipEntr
     return path;
 }
 
+inline std::string littleEndian(std::uint64_t number, std::size_t size) {
+    std::string bytes;
+    for (std::size_t i = 0; i < size; ++i)
+        bytes += static_cast<char>(number >> 8 * i & 0xFF);
+    return bytes;
+}
+
 /// Where the unpacked size of an archive's only entry stands, at the start and in the directory.
 inline std::vector<std::size_t> placesOfSize(const std::string& zip) {
     const std::size_t directory = zip.rfind("PK\x01\x02");
@@ -48,9 +55,30 @@ inline std::vector<std::size_t> placesOfSize(const std::string& zip) {
 /// The archive's bytes with another unpacked size of its only entry.
 inline std::string claimingSize(std::string zip, std::uint32_t size) {
     for (const std::size_t at : placesOfSize(zip))
-        for (std::size_t i = 0; i < 4; ++i)
-            zip.at(at + i) = static_cast<char>(size >> 8 * i & 0xFF);
+        zip.replace(at, 4, littleEndian(size, 4));
     return zip;
+}
+
+/// The last record of an archive with a directory of `size` bytes at the start of the file; -1
+/// stands for what the record of a large archive says.
+inline std::string endRecord(std::uint64_t entryCount, std::uint64_t size,
+                             const std::string& comment = "") {
+    std::string bytes = "PK\x05\x06";
+    bytes.append(littleEndian(0, 4)).append(littleEndian(entryCount, 2));
+    bytes.append(littleEndian(entryCount, 2)).append(littleEndian(size, 4));
+    bytes.append(littleEndian(size == ~0ull ? size : 0, 4));
+    return bytes.append(littleEndian(comment.size(), 2)).append(comment);
+}
+
+/// The last three records of a large archive, whose directory takes all of the file before them.
+inline std::string largeEndRecords(std::uint64_t entryCount, std::uint64_t size) {
+    std::string bytes = "PK\x06\x06";
+    bytes.append(littleEndian(44, 8)).append(littleEndian(45, 2)).append(littleEndian(45, 2));
+    bytes.append(littleEndian(0, 8)).append(littleEndian(entryCount, 8));
+    bytes.append(littleEndian(entryCount, 8)).append(littleEndian(size, 8));
+    bytes.append(littleEndian(0, 8)).append("PK\x06\x07").append(littleEndian(0, 4));
+    bytes.append(littleEndian(size, 8)).append(littleEndian(1, 4));
+    return bytes.append(endRecord(~0ull, ~0ull));
 }
 
 }  // namespace quorin::test

@@ -6,10 +6,13 @@
 #include <memory>
 
 #include "quorin/extensions/package/PackageEntry.h"
+#include "quorin/extensions/package/ZipDirectory.h"
 #include "quorin/platform/foundation/AtomicFile.h"
 
 namespace quorin {
 namespace {
+
+constexpr std::uint64_t maximumEntryCount = 100'000;
 
 struct ZipRelease {
     void operator()(zip_t* archive) const { zip_discard(archive); }
@@ -25,6 +28,10 @@ std::string textOf(zip_error_t* error) {
 }
 
 ZipArchive openArchive(const PackageEntry& entry) {
+    // The library makes room for as many as there are said to be before it reads the first one.
+    if (claimedEntryCount(entry.package, entry.shown) > maximumEntryCount)
+        throw FileError(entry.shown,
+                        "more entries than the limit of " + std::to_string(maximumEntryCount));
     int code = 0;
     ZipArchive archive(zip_open(entry.package.c_str(), ZIP_RDONLY, &code));
     if (archive)
