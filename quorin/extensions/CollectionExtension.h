@@ -5,12 +5,16 @@
 #include <cstddef>
 #include <functional>
 #include <iterator>
+#include <limits>
 #include <map>
 #include <optional>
 #include <ranges>
+#include <string>
 #include <type_traits>
 #include <utility>
 #include <vector>
+
+#include "quorin/platform/values/FatalError.h"
 
 /// What lists can be asked besides what the standard library answers. A list is any range that can
 /// be walked through more than once.
@@ -77,13 +81,23 @@ auto distinctValue(const List& list, const Property& property) {
     return value;
 }
 
-/// Added up from the first to the last, in the type of the elements; 0 of an empty list.
+/// Added up from the first to the last, in the type of the elements; 0 of an empty list. A total
+/// that an integer type does not hold stops the process.
 template <std::ranges::forward_range List>
 requires std::is_arithmetic_v<std::ranges::range_value_t<List>>
 auto sum(const List& list) {
-    std::ranges::range_value_t<List> total = 0;
-    for (const auto number : list)
-        total = static_cast<decltype(total)>(total + number);
+    using Number = std::ranges::range_value_t<List>;
+    static_assert(!std::is_same_v<Number, bool>, "truths are no numbers");
+    Number total = 0;
+    for (const Number number : list) {
+        if constexpr (std::is_floating_point_v<Number>)
+            total += number;
+        else if (__builtin_add_overflow(total, number, &total))
+            fatalError(std::string("a sum of integers beyond ")
+                           .append(std::to_string(std::numeric_limits<Number>::digits))
+                           .append(" bits, at ")
+                           .append(std::to_string(number)));
+    }
     return total;
 }
 

@@ -99,6 +99,13 @@ TEST(Sum, addsUpInTheTypeOfTheElements) {
     EXPECT_EQ(sum(Numbers{}), 0);
 }
 
+TEST(SumDeath, ofIntegersThatTheirTypeDoesNotHoldStopsTheProcess) {
+    EXPECT_EQ(sum(Numbers{2'000'000'000, 147'483'647, 0}), 2'147'483'647);
+    EXPECT_DEATH(sum(Numbers{2'000'000'000, 147'483'648}),
+                 "a sum of integers beyond 31 bits, at 147483648");
+    EXPECT_DEATH(sum(std::vector<unsigned char>{200, 56}), "beyond 8 bits, at 56");
+}
+
 TEST(Average, isTheArithmeticMean) {
     EXPECT_EQ(average(Numbers{1, 2}), 1.5);
     EXPECT_EQ(average(std::vector<double>{1, 2, 6}), 3);
