@@ -26,7 +26,7 @@ bool isOf(std::string_view characters, char character) {
 bool isWellFormed(std::string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '%') {
-            if (!startsWithEscape(text.substr(i)) || text.substr(i + 1, 2) == "00")
+            if (!startsWithEscape(text.substr(i)))
                 return false;
         } else if (!isOf(letters, text[i]) && !isOf(digits, text[i]) &&
                    !isOf(unreservedMarks, text[i]) && !isOf(":/?#[]@!$&'()*+,;=", text[i])) {
@@ -69,6 +69,8 @@ std::optional<URL> URL::parse(std::string_view text) {
     if (url._fragment && isOf(*url._fragment, '#'))
         return std::nullopt;
     url._query = cutBehind(text, '?');
+    if (text.find("%00") != npos)
+        return std::nullopt;
 
     if (const std::size_t colon = text.find(':'); colon < text.find('/')) {
         if (!isScheme(text.substr(0, colon)))

@@ -14,7 +14,8 @@ class URL {
 public:
     /// Cuts the text at its delimiters (RFC 3986, appendix B). Nothing for an empty text, for
     /// characters that no URL has (blanks, control characters, quotes, all beyond ASCII), for a `%`
-    /// without two hexadecimal digits and for an escape of the byte 0.
+    /// without two hexadecimal digits and for an escape of the byte 0, which no name of a file has,
+    /// in front of the query.
     static std::optional<URL> parse(std::string_view text);
     /// The file at a path, whose bytes may be anything. One that does not start at the root counts
     /// from the current folder.

@@ -45,6 +45,8 @@ TEST(URL, isNotWhatNoURLHas) {
                                    "a#b#c", "1a:b", ":a", "a%00b", "\xFF", "a\\b", "{a}"})
         EXPECT_EQ(URL::parse(text), std::nullopt) << text;
     EXPECT_EQ(URL::parse(std::string("a\0b", 3)), std::nullopt);
+    EXPECT_EQ(URL::parse("a://b%00/c?d"), std::nullopt);
+    EXPECT_EQ(URL::parse("a%2500")->path(), "a%00") << "no escape of the byte 0";
 }
 
 TEST(FileURL, isWrittenWithEscapesAndReadWithoutThem) {
