@@ -33,6 +33,8 @@ TEST(WebRGB, ofAPatternIsTransparentBlack) {
 
 TEST(WebRGB, hasAnAnswerForEveryNumber) {
     EXPECT_EQ(webRGB(CGColor{-0.5, 1.5, NAN, 1}), "rgba(-128, 384, 0, 1.0)");
+    EXPECT_EQ(webRGB(CGColor{-0.001, -0.0, -0.999, -1}), "rgba(0, 0, -255, -1.0)")
+        << "towards zero";
     EXPECT_EQ(webRGB(CGColor{INFINITY, -INFINITY, 0, NAN}),
               "rgba(9223372036854775807, -9223372036854775808, 0, nan)");
 }
