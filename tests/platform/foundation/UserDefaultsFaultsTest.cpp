@@ -14,37 +14,18 @@
 #include "quorin/platform/foundation/UserDefaults.h"
 #include "tests/TestSupport.h"
 #include "tests/support/FileFaults.h"
+#include "tests/support/ForkedProcess.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorin {
 namespace {
 
+using test::forked;
+using test::resultOf;
 using test::TemporaryFolder;
 using testing::ThrowsMessage;
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
-
-/// Runs `body` in a process of its own, which ends with the number it returns, 99 if it throws.
-template <typename Body>
-pid_t forked(const Body& body) {
-    std::fflush(nullptr);
-    const pid_t process = fork();
-    if (process != 0)
-        return process;
-    int code = 99;
-    try {
-        code = body();
-    } catch (...) {
-    }
-    _exit(code);
-}
-
-/// The exit code, or 1,000 and the number of the signal.
-int resultOf(pid_t process) {
-    int status = 0;
-    EXPECT_EQ(waitpid(process, &status, 0), process);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 1'000 + WTERMSIG(status);
-}
 
 /// A place in memory: a busy disk takes long to say that all is written, hundreds of times.
 fs::path quickPlace() {
