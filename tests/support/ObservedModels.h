@@ -102,8 +102,8 @@ public:
     void observeValue(const std::string* keyPath, NSObject* object,
                       const NSKeyValueChangeRecord* change, const void* context) override {
         told.push_back({*keyPath, object, *change, context});
-        if (then)
-            then();
+        if (const auto running = then)  // it may give this another one to do
+            running();
     }
 
     Value lastOld() const { return told.back().change[NSKeyValueChangeKey::oldValue]; }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <iterator>
+#include <limits>
 #include <utility>
 
 #include "quorin/platform/foundation/NSNull.h"
@@ -72,14 +74,15 @@ void KeyValueObservations::add(const std::shared_ptr<NSObject>& object, NSObject
                                                                 context,
                                                                 {},
                                                                 false});
-    registrationsByObserver.emplace(&observer, observation);
+    const auto registration = registrations.emplace(
+        Registrant{&observer, observation->keyPath, observation->serial}, observation);
     try {
         watch(observation, object);
         if (contains(options, Options::initial))
             deliverInitial(*object, *observation);
     } catch (...) {  // by a getter or by the observer: as if nothing had been asked
         if (!observation->isRemoved)
-            remove(*object, observer, keyPath, &context);
+            drop(*object, registration.first);
         throw;
     }
 }
@@ -95,38 +98,38 @@ void KeyValueObservations::deliverInitial(const NSObject& object,
 
 bool KeyValueObservations::remove(NSObject& object, const NSObject& observer,
                                   std::string_view keyPath, const void* const* context) {
-    const auto [first, last] = registrationsByObserver.equal_range(&observer);
-    auto latest = last;
-    for (auto each = first; each != last; ++each) {
-        const KeyPathObservation& candidate = *each->second;
-        if (candidate.keyPath == keyPath && (!context || candidate.context == *context) &&
-            (latest == last || candidate.serial > latest->second->serial))
-            latest = each;
-    }
-    if (latest == last)
-        return false;
-    unwatch(*latest->second, 0, &object);
-    latest->second->isRemoved = true;
-    registrationsByObserver.erase(latest);
-    return true;
-}
-
-/// An observer that went without a word may have left its address to this one.
-void KeyValueObservations::dropDeadRegistrations(NSObject& object, const NSObject& observer) {
-    auto [each, last] = registrationsByObserver.equal_range(&observer);
-    while (each != last) {
-        if (each->second->observer.expired()) {
-            unwatch(*each->second, 0, &object);
-            each->second->isRemoved = true;
-            each = registrationsByObserver.erase(each);
-        } else {
-            ++each;
+    auto each =
+        registrations.upper_bound({&observer, keyPath, std::numeric_limits<std::uint64_t>::max()});
+    while (each != registrations.begin()) {
+        --each;
+        if (each->first.observer != &observer || each->first.keyPath != keyPath)
+            return false;
+        if (!context || each->second->context == *context) {
+            drop(object, each);
+            return true;
         }
     }
+    return false;
+}
+
+KeyValueObservations::Registrations::iterator KeyValueObservations::drop(
+    NSObject& object, Registrations::iterator registration) {
+    unwatch(*registration->second, 0, &object);
+    registration->second->isRemoved = true;
+    return registrations.erase(registration);
+}
+
+/// An observer that went without a word may have left its address to this one. Only one of them has
+/// registrations here, so the first tells whose they are.
+void KeyValueObservations::dropDeadRegistrations(NSObject& object, const NSObject& observer) {
+    auto each = registrations.lower_bound({&observer, {}, 0});
+    while (each != registrations.end() && each->first.observer == &observer &&
+           each->second->observer.expired())
+        each = drop(object, each);
 }
 
 void KeyValueObservations::end(NSObject& object) {
-    for (const auto& [address, observation] : registrationsByObserver) {
+    for (const auto& [registrant, observation] : registrations) {
         if (const auto observer = observation->observer.lock())
             fatalError(object.description()
                            .append(" is destroyed while ")
@@ -232,16 +235,19 @@ void KeyValueObservations::deliver(const KeyPathObservation& observation,
         observer->observeValue(&observation.keyPath, object.get(), &record, observation.context);
 }
 
+/// Those who watch the key and, on their path, as many keys more.
 std::vector<KeyValueObservations::Watcher> KeyValueObservations::watchersOf(
-    std::string_view key) const {
+    std::string_view key, std::size_t keysAhead) const {
     std::vector<Watcher> watchers;
     const auto found = watchersByKey.find(key);
     if (found == watchersByKey.end())
         return watchers;
-    watchers.reserve(found->second.size());
+    if (keysAhead == 0)
+        watchers.reserve(found->second.size());
     for (const auto& [place, observation] : found->second)
         // The shallowest watch of a registration speaks for its deeper ones.
-        if (watchers.empty() || watchers.back().observation != observation)
+        if (place.depth + keysAhead < observation->keys.size() &&
+            (watchers.empty() || watchers.back().observation != observation))
             watchers.push_back({observation, place.depth, {}, {}});
     return watchers;
 }
@@ -249,14 +255,16 @@ std::vector<KeyValueObservations::Watcher> KeyValueObservations::watchersOf(
 void KeyValueObservations::willChange(NSObject& object, NSKeyValueChange kind,
                                       std::shared_ptr<NSIndexSet> indexes, std::string_view key) {
     const auto self = object.weak_from_this().lock();  // an observer may let go of the object
-    if (!self || watchersByKey.find(key) == watchersByKey.end())
+    // A pair within a pair is kept in mind even when all stopped observing in between: its end is
+    // not to be taken for the end of the outer one.
+    if (!self || (watchersByKey.find(key) == watchersByKey.end() && !isPending(key)))
         return;
     if (kind != NSKeyValueChange::setting && !indexes)
         fatalError(std::string("a change of elements under key \"")
                        .append(key)
                        .append("\" is announced without indexes"));
 
-    Change change{std::string(key), kind, std::move(indexes), watchersOf(key)};
+    Change change{std::string(key), kind, std::move(indexes), watchersOf(key, 0)};
     for (Watcher& watcher : change.watchers)
         if (hasOld(kind) && contains(watcher.observation->options, Options::oldValue))
             watcher.oldValue = currentValue(object, watcher, change);
@@ -272,11 +280,21 @@ void KeyValueObservations::willChange(NSObject& object, NSKeyValueChange kind,
     pending.push_back(std::move(change));
 }
 
-KeyValueObservations::Change KeyValueObservations::takePending(
+bool KeyValueObservations::isPending(std::string_view key) const {
+    return std::any_of(pending.begin(), pending.end(),
+                       [&](const Change& each) { return each.key == key; });
+}
+
+/// Nothing when nobody observed the key when the change was announced.
+std::optional<KeyValueObservations::Change> KeyValueObservations::takePending(
     const NSObject& object, NSKeyValueChange kind, const std::shared_ptr<NSIndexSet>& indexes,
-    std::size_t place) {
-    Change change = std::move(pending[place]);
-    pending.erase(pending.begin() + static_cast<std::ptrdiff_t>(place));
+    std::string_view key) {
+    const auto found = std::find_if(pending.rbegin(), pending.rend(),
+                                    [&](const Change& each) { return each.key == key; });
+    if (found == pending.rend())
+        return std::nullopt;
+    Change change = std::move(*found);
+    pending.erase(std::next(found).base());
     const bool sameIndexes = kind == NSKeyValueChange::setting ||
                              (indexes && change.indexes && change.indexes->isEqual(*indexes));
     if (change.kind != kind || !sameIndexes)
@@ -288,22 +306,27 @@ KeyValueObservations::Change KeyValueObservations::takePending(
     return change;
 }
 
+/// Has all paths that lead on from this key follow its new value: also those of observers that came
+/// after the change was announced and will not be told of it.
+void KeyValueObservations::moveAlong(const NSObject& object, std::string_view key) {
+    for (const Watcher& watcher : watchersOf(key, 1))
+        if (isWatching(object, watcher))
+            rewatch(watcher.observation, watcher.depth);
+}
+
 void KeyValueObservations::didChange(NSObject& object, NSKeyValueChange kind,
                                      const std::shared_ptr<NSIndexSet>& indexes,
                                      std::string_view key) {
-    const auto found = std::find_if(pending.rbegin(), pending.rend(),
-                                    [&](const Change& each) { return each.key == key; });
     const auto self = object.weak_from_this().lock();
-    if (!self || found == pending.rend())
-        return;  // nobody observed the key when the change was announced
-    Change change =
-        takePending(object, kind, indexes, static_cast<std::size_t>(pending.rend() - found) - 1);
-
+    if (!self)
+        return;
+    std::optional<Change> announced = takePending(object, kind, indexes, key);
     // All paths are put in order before anybody is told, since a delivery may change what they
     // lead to; and all new values are read, since it may change those as well.
-    for (const Watcher& watcher : change.watchers)
-        if (isWatching(object, watcher) && watcher.depth + 1 < watcher.observation->keys.size())
-            rewatch(watcher.observation, watcher.depth);
+    moveAlong(object, key);
+    if (!announced)
+        return;
+    Change& change = *announced;
     std::erase_if(change.watchers,
                   [&](const Watcher& watcher) { return !isWatching(object, watcher); });
     for (Watcher& watcher : change.watchers)

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "quorin/platform/foundation/NSObject.h"
@@ -63,6 +63,16 @@ private:
     };
     using Watchers = std::map<Place, Observation>;
 
+    /// Who registered for what, in order. The path is the observation's own.
+    struct Registrant {
+        const NSObject* observer;
+        std::string_view keyPath;
+        std::uint64_t serial;
+
+        friend auto operator<=>(const Registrant&, const Registrant&) = default;
+    };
+    using Registrations = std::map<Registrant, Observation>;
+
     struct Watcher {
         Observation observation;
         std::size_t depth;
@@ -87,13 +97,17 @@ private:
     static NSKeyValueChangeRecord recordOf(const Change& change);
     static bool isWatching(const NSObject& object, const Watcher& watcher);
 
-    std::vector<Watcher> watchersOf(std::string_view key) const;
-    Change takePending(const NSObject& object, NSKeyValueChange kind,
-                       const std::shared_ptr<NSIndexSet>& indexes, std::size_t place);
+    std::vector<Watcher> watchersOf(std::string_view key, std::size_t keysAhead) const;
+    void moveAlong(const NSObject& object, std::string_view key);
+    bool isPending(std::string_view key) const;
+    std::optional<Change> takePending(const NSObject& object, NSKeyValueChange kind,
+                                      const std::shared_ptr<NSIndexSet>& indexes,
+                                      std::string_view key);
+    Registrations::iterator drop(NSObject& object, Registrations::iterator registration);
     void dropDeadRegistrations(NSObject& object, const NSObject& observer);
 
     std::map<std::string, Watchers, std::less<>> watchersByKey;
-    std::unordered_multimap<const NSObject*, Observation> registrationsByObserver;
+    Registrations registrations;
     std::vector<Change> pending;  // the innermost last
 };
 

@@ -83,7 +83,8 @@ public:
 
     /// Announce a change of the value under a key, in pairs around it. The pairs of one key are
     /// nested. Observers are told in the order of their registration, those that stop observing
-    /// meanwhile no more; a change made by one that is being told is delivered at once.
+    /// meanwhile no more; a change made by one that is being told is delivered at once. What one
+    /// throws ends the delivery and reaches the caller; an announcement that ends so was not made.
     void willChangeValue(std::string_view key);
     void didChangeValue(std::string_view key);
 
@@ -95,7 +96,8 @@ public:
                    std::string_view key);
 
     /// Announces will-change for the keys in order, runs `block`, announces did-change in the same
-    /// order, also when the block throws.
+    /// order. When the block or an observer throws, each announcement is ended nonetheless, and the
+    /// first exception reaches the caller.
     void changeValues(std::span<const std::string> forKeys, FunctionRef<void()> block);
     void changeValues(std::initializer_list<std::string_view> forKeys, FunctionRef<void()> block);
     /// For values that change by themselves: announces without running anything.

@@ -1,4 +1,6 @@
 /// How objects are read, set and changed by the names of their keys.
+#include <exception>
+
 #include "quorin/platform/foundation/NSObject.h"
 #include "quorin/platform/values/FatalError.h"
 
@@ -8,19 +10,27 @@ namespace {
 
 template <typename Keys>
 void changeAll(NSObject& object, const Keys& keys, FunctionRef<void()> block) {
-    for (const std::string_view key : keys)
-        object.willChangeValue(key);
-    const auto didChangeAll = [&] {
-        for (const std::string_view key : keys)
-            object.didChangeValue(key);
+    const auto self = object.weak_from_this().lock();  // an observer may let go of the object
+    std::exception_ptr failure;
+    const auto attempt = [&](const auto& step) {
+        try {
+            step();
+        } catch (...) {
+            if (!failure)
+                failure = std::current_exception();
+        }
     };
-    try {
+    auto announced = keys.begin();
+    attempt([&] {
+        for (; announced != keys.end(); ++announced)
+            object.willChangeValue(*announced);
         block();
-    } catch (...) {
-        didChangeAll();  // what was changed so far has changed
-        throw;
-    }
-    didChangeAll();
+    });
+    // Every announcement has its end, whoever throws: what was changed so far has changed.
+    for (auto key = keys.begin(); key != announced; ++key)
+        attempt([&] { object.didChangeValue(*key); });
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 [[noreturn]] void refuse(const NSObject& object, std::string_view key, const char* why) {

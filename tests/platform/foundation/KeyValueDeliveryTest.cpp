@@ -173,6 +173,83 @@ TEST_F(KeyValueDelivery, endsQuietlyWhenTheObjectIsReleasedByAnObserver) {
     EXPECT_EQ(b->told.size(), 0u);
 }
 
+TEST_F(KeyValueDelivery, endsQuietlyWhenTheObjectIsReleasedBetweenTwoKeys) {
+    const std::weak_ptr<Node> reference = node;
+    Node& changed = *node;
+    changed.addObserver(*a, "number", both);
+    changed.addObserver(*b, "name", both);
+    a->then = [&] { node.reset(); };
+    b->then = [&] {
+        changed.removeObserver(*a, "number");
+        changed.removeObserver(*b, "name");
+    };
+    changed.changeValues({"number", "name"});
+    EXPECT_EQ(b->told.size(), 1u);
+    EXPECT_TRUE(reference.expired());
+}
+
+TEST_F(KeyValueDelivery, endsWithWhatAnObserverThrows) {
+    for (const auto& each : {a, b})
+        node->addObserver(*each, "number", both);
+    a->then = [] { throw std::runtime_error("refused"); };
+    EXPECT_THROW(node->setNumber(1), std::runtime_error);
+    EXPECT_EQ(b->told.size(), 0u);
+    a->then = nullptr;
+    node->setNumber(2);
+    const std::pair<Value, Value> first(0, 1), second(1, 2);
+    EXPECT_THAT(steps(*a), ElementsAre(first, second));
+    EXPECT_THAT(steps(*b), ElementsAre(second));
+    for (const auto& each : {a, b})
+        node->removeObserver(*each, "number");
+}
+
+TEST_F(KeyValueDelivery, endsTheChangesOfAllKeysWhenAnObserverThrows) {
+    node->addObserver(*a, "number", both);
+    node->addObserver(*b, "name", both);
+    a->then = [] { throw std::runtime_error("the first"); };
+    b->then = [] { throw std::runtime_error("the second"); };
+    const auto change = [&] { node->changeValues({"number", "name"}); };
+    EXPECT_THAT(change, testing::ThrowsMessage<std::runtime_error>("the first"));
+    EXPECT_EQ(b->told.size(), 1u);
+    node->didChangeValue("name");  // nothing is left that this could be the end of
+    EXPECT_EQ(b->told.size(), 1u);
+    node->removeObserver(*a, "number");
+    node->removeObserver(*b, "name");
+}
+
+TEST_F(KeyValueDelivery, endsTheChangesThatWereAnnouncedWhenAnObserverThrowsBeforeTheLast) {
+    node->addObserver(*a, "number", both);
+    node->addObserver(*b, "name", both | Options::prior);
+    b->then = [] { throw std::runtime_error("refused"); };
+    bool changed = false;
+    EXPECT_THROW(node->changeValues({"number", "name", "items"}, [&] { changed = true; }),
+                 std::runtime_error);
+    EXPECT_FALSE(changed);
+    EXPECT_EQ(a->told.size(), 1u);
+    EXPECT_EQ(b->told.size(), 1u);
+    for (const char* key : {"number", "name", "items"})
+        node->didChangeValue(key);
+    EXPECT_EQ(a->told.size(), 1u);
+    EXPECT_EQ(b->told.size(), 1u);
+    node->removeObserver(*a, "number");
+    node->removeObserver(*b, "name");
+}
+
+TEST_F(KeyValueDelivery, takesBackOnlyTheRegistrationWhoseInitialDeliveryThrows) {
+    static const char context = 0;
+    a->then = [&] {
+        a->then = nullptr;
+        node->addObserver(*a, "number", Options::none, &context);
+        throw std::runtime_error("refused");
+    };
+    EXPECT_THROW(node->addObserver(*a, "number", both | Options::initial, &context),
+                 std::runtime_error);
+    node->setNumber(1);
+    EXPECT_EQ(a->told.size(), 2u);
+    EXPECT_TRUE(a->lastNew().isNothing());  // by the inner registration, which asks for no values
+    node->removeObserver(*a, "number", &context);
+}
+
 TEST_F(KeyValueDelivery, keepsAskingForNothingWhenTheInitialDeliveryThrows) {
     a->then = [] { throw std::runtime_error("refused"); };
     EXPECT_THROW(node->addObserver(*a, "number", both | Options::initial), std::runtime_error);
@@ -196,6 +273,25 @@ TEST_F(KeyValueDelivery, reachesTenThousandObserversInOrder) {
         node->removeObserver(*each, "number");
     node->setNumber(2);
     EXPECT_EQ(told.size(), count);
+}
+
+TEST_F(KeyValueDelivery, takesTenThousandRegistrationsOfOneObserver) {
+    constexpr std::size_t count = 10'000;
+    const std::vector<char> contexts(count);
+    a->then = nullptr;
+    for (const char& context : contexts)
+        node->addObserver(*a, "number", Options::none, &context);
+    node->setNumber(1);
+    ASSERT_EQ(a->told.size(), count);
+    for (std::size_t i = 0; i < count; ++i)
+        EXPECT_EQ(a->told[i].context, &contexts[i]);
+    for (std::size_t i = count / 2; i < count; ++i)
+        node->removeObserver(*a, "number");  // the latest each time
+    node->setNumber(2);
+    ASSERT_EQ(a->told.size(), count + count / 2);
+    EXPECT_EQ(a->told.back().context, &contexts[count / 2 - 1]);
+    for (std::size_t i = count / 2; i-- > 0;)
+        node->removeObserver(*a, "number", &contexts[i]);
 }
 
 }  // namespace

@@ -272,6 +272,36 @@ TEST_F(KeyValueObserving, saysNothingOfAChangeThatWasAnnouncedToNobody) {
     EXPECT_THAT(recorder->told, testing::IsEmpty());
 }
 
+TEST_F(KeyValueObserving, keepsAChangeWithinAnotherApartWhenItsObserversStoppedInBetween) {
+    node->addObserver(*recorder, "items", both);
+    node->willChangeValue("items");
+    node->removeObserver(*recorder, "items");
+    // Nobody observes this change; its end is not the end of the one around it.
+    node->edit(Kind::insertion, {0}, [](auto& items) { items = {7}; });
+    node->didChangeValue("items");
+    EXPECT_THAT(recorder->told, testing::IsEmpty());
+    node->observe(*recorder, "items", both);
+    node->edit(Kind::removal, {0}, [](auto& items) { items.clear(); });
+    EXPECT_EQ(recorder->told.size(), 1u);
+}
+
+TEST_F(KeyValueObserving, tellsOfEveryPairOfANestedChangeInnermostFirst) {
+    node->observe(*recorder, "number", everything);
+    node->observe(*recorder, "name", Options::newValue);
+    node->willChangeValue("number");
+    node->willChangeValue("number");
+    node->willChangeValue("name");
+    node->didChangeValue("name");
+    node->didChangeValue("number");
+    node->didChangeValue("number");
+    std::vector<std::string> order;
+    for (const auto& each : recorder->told)
+        order.push_back(each.change.contains(Key::notificationIsPrior) ? "before " + each.keyPath
+                                                                       : "after " + each.keyPath);
+    EXPECT_THAT(order, testing::ElementsAre("before number", "before number", "after name",
+                                            "after number", "after number"));
+}
+
 TEST_F(KeyValueObserving, announcesSeveralKeysInOrderAroundTheBlock) {
     node->observe(*recorder, "number", everything);
     node->observe(*recorder, "name", everything);

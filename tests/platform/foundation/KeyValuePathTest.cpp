@@ -201,6 +201,84 @@ TEST_F(KeyValuePath, isInOrderForAllBeforeAnybodyIsTold) {
     node->removeObserver(*late, "next.number");
 }
 
+TEST_F(KeyValuePath, followsAReplacementThatWasAnnouncedBeforeItBegan) {
+    const auto node = makeObject<Node>();
+    node->setNext(numbered(1));
+    const auto early = makeObject<Recorder>();
+    early->then = [&] {  // before the replacement, then no more
+        early->then = nullptr;
+        node->addObserver(*recorder, "next.number", both);
+    };
+    node->addObserver(*early, "next", Options::prior);
+    node->setNext(numbered(2));
+    EXPECT_EQ(recorder->told.size(), 0u);  // it came too late to be told of this
+    node->next()->setNumber(20);
+    ASSERT_EQ(recorder->told.size(), 1u);
+    EXPECT_EQ(recorder->lastOld(), Value(2));
+    EXPECT_EQ(recorder->lastNew(), Value(20));
+    node->removeObserver(*recorder, "next.number");
+    node->removeObserver(*early, "next");
+}
+
+TEST_F(KeyValuePath, followsAReplacementThatNobodyObservedWhenItWasAnnounced) {
+    const auto node = makeObject<Node>();
+    node->willChangeValue("next");
+    node->addObserver(*recorder, "next.number", both);
+    const auto next = numbered(2);
+    node->setNext(next);  // a pair within: told of
+    node->didChangeValue("next");
+    EXPECT_EQ(recorder->told.size(), 1u);
+    next->setNumber(20);
+    EXPECT_EQ(recorder->told.size(), 2u);
+    node->removeObserver(*recorder, "next.number");
+}
+
+struct Child : NSObject {
+    using Class = NSClassOf<Child, NSObject>;
+
+    static void declareKeys(NSKeyList<Child>& keys) {
+        keys.property("parent", &Child::parent,
+                      [](Child& child, std::weak_ptr<Node> given) { child.parent = given; });
+    }
+
+    std::weak_ptr<Node> parent;
+};
+
+TEST_F(KeyValuePath, readsAnObjectThatEndedWithoutAWordAsMissing) {
+    const auto child = makeObject<Child>();
+    auto parent = numbered(1);
+    child->setValueForKey(parent, "parent");
+    child->addObserver(*recorder, "parent.number", both);
+    parent.reset();  // no change of the child is announced
+    EXPECT_EQ(recorder->told.size(), 0u);
+    const auto other = numbered(2);
+    child->setValueForKey(other, "parent");
+    EXPECT_EQ(recorder->lastOld(), Value(NSNull::null()));
+    EXPECT_EQ(recorder->lastNew(), Value(2));
+    other->setNumber(3);
+    EXPECT_EQ(recorder->told.size(), 2u);
+    child->removeObserver(*recorder, "parent.number");
+}
+
+TEST_F(KeyValuePath, letsAnObserverReplaceTheMiddleAgainWhileItIsTold) {
+    const auto nodes = chain(3);
+    nodes[0]->addObserver(*recorder, "next.next.number", both);
+    const auto last = numbered(30);
+    recorder->then = [&] {
+        recorder->then = nullptr;
+        nodes[1]->setNext(last);
+    };
+    nodes[1]->setNext(nullptr);
+    ASSERT_EQ(recorder->told.size(), 2u);
+    EXPECT_EQ(recorder->lastOld(), Value(NSNull::null()));
+    EXPECT_EQ(recorder->lastNew(), Value(30));
+    last->setNumber(31);
+    EXPECT_EQ(recorder->told.size(), 3u);
+    nodes[2]->setNumber(9);
+    EXPECT_EQ(recorder->told.size(), 3u);
+    nodes[0]->removeObserver(*recorder, "next.next.number");
+}
+
 struct KeyValuePathDeathTest : KeyValuePath {};
 
 TEST_F(KeyValuePathDeathTest, stopsTheProcessWhenAnObjectEndsObserved) {
