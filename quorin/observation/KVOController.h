@@ -3,32 +3,30 @@
 #include <cstddef>
 #include <functional>
 #include <initializer_list>
-#include <map>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include "quorin/observation/KVONotification.h"
 #include "quorin/platform/foundation/NSObject.h"
 
 namespace quorin {
 
-class KVOObserver;
-
 /// A registry of closures that watch key paths of objects. No observation outlives either side: a
 /// registry that ends stops all of its own, and those of an object end before it is destroyed.
 ///
 /// There is one observation for an object and key path; a second takes the place of the first.
 /// Objects are told apart by `hashValue`. A block that holds its registry or the observed object
-/// keeps it alive; it may observe and unobserve while it runs, and release the registry too unless
-/// it is called from within `observe`. Not locked: for one thread at a time.
+/// keeps it alive; it may observe and unobserve while it runs, and release the registry or the
+/// object. What it throws reaches whoever makes the change; at the initial value it reaches the
+/// caller of `observe`, who then observes what was observed before. Not locked: for one thread at a
+/// time.
 class KVOController {
 public:
     using Block = std::function<void(const KVONotification&)>;
 
-    KVOController() = default;
+    KVOController();
     KVOController(const KVOController&) = delete;
     KVOController& operator=(const KVOController&) = delete;
     ~KVOController();
@@ -53,11 +51,11 @@ public:
     void unobserve();
 
 private:
-    using ObserversByKeyPath = std::map<std::string, std::shared_ptr<KVOObserver>, std::less<>>;
+    struct Observations;
 
-    std::shared_ptr<KVOObserver> observerOf(std::size_t hash, std::string_view keyPath) const;
-
-    std::unordered_map<std::size_t, ObserversByKeyPath> observations;  // by the object's hash value
+    // Shared with the operations that run: a block that they call or release may be the end of the
+    // registry.
+    std::shared_ptr<Observations> observations;
 };
 
 }  // namespace quorin

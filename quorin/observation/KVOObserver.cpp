@@ -46,7 +46,8 @@ std::shared_ptr<KVOObserver> KVOObserver::start(NSObject& object, std::string_vi
     observer->keyPath = std::string(keyPath);
     observer->options = options;
     observer->block = std::make_shared<const Block>(std::move(block));
-    if (const auto target = observer->target.lock()) {
+    const auto target = observer->target.lock();  // the block may let go of it at once
+    if (target) {
         observer->attach(*target);
         swizzleObjectClassIfNeeded(target.get(), &targetWillDeallocate);
     }
