@@ -77,6 +77,29 @@ TEST_F(SwizzleObjectClass, patchesASubclassOnItsOwn) {
     EXPECT_THAT(called, testing::ElementsAre("first", "~Base"));
 }
 
+TEST_F(SwizzleObjectClass, isInheritedByASubclassThatIsNotPatchedItself) {
+    swizzleObjectClassIfNeeded(makeObject<Base<8>>().get(), &first);
+    called.clear();
+    makeObject<Derived<8>>();
+    EXPECT_THAT(called, testing::ElementsAre("first", "~Derived", "~Base"));
+}
+
+TEST_F(SwizzleObjectClass, callsThePatchOfTheSubclassFirstInWhicheverOrderTheyCame) {
+    swizzleObjectClassIfNeeded(makeObject<Derived<9>>().get(), &second);
+    swizzleObjectClassIfNeeded(makeObject<Base<9>>().get(), &first);
+    called.clear();
+    makeObject<Derived<9>>();
+    EXPECT_THAT(called, testing::ElementsAre("second", "first", "~Derived", "~Base"));
+}
+
+TEST_F(SwizzleObjectClass, callsTheSameCallbackOnceForEachPatchedClassOfTheObject) {
+    swizzleObjectClassIfNeeded(makeObject<Base<10>>().get(), &first);
+    swizzleObjectClassIfNeeded(makeObject<Derived<10>>().get(), &first);
+    called.clear();
+    makeObject<Derived<10>>();
+    EXPECT_THAT(called, testing::ElementsAre("first", "first", "~Derived", "~Base"));
+}
+
 TEST_F(SwizzleObjectClass, leavesTheSuperclassOfAPatchedClassAlone) {
     swizzleObjectClassIfNeeded(makeObject<Derived<5>>().get(), &first);
     called.clear();
