@@ -16,40 +16,51 @@ int systemFamily(NetworkAddress::Family family) {
     return family == NetworkAddress::Family::ipv4 ? AF_INET : AF_INET6;
 }
 
+NetworkAddress addressOf(const in_addr& four) {
+    NetworkAddress address;
+    std::memcpy(address.bytes.data(), &four, sizeof four);
+    return address;
+}
+
+NetworkAddress addressOf(const in6_addr& six, std::uint32_t scope) {
+    NetworkAddress address;
+    // An IPv4 address in disguise is routed as what it is.
+    if (IN6_IS_ADDR_V4MAPPED(&six)) {
+        std::memcpy(address.bytes.data(), six.s6_addr + 12, 4);
+        return address;
+    }
+    address.family = NetworkAddress::Family::ipv6;
+    address.scope = scope;
+    std::memcpy(address.bytes.data(), &six, sizeof six);
+    return address;
+}
+
 }  // namespace
 
 std::optional<NetworkAddress> NetworkAddress::from(const sockaddr* record) {
-    NetworkAddress address;
     if (record && record->sa_family == AF_INET) {
         sockaddr_in in{};
         std::memcpy(&in, record, sizeof in);
-        std::memcpy(address.bytes.data(), &in.sin_addr, sizeof in.sin_addr);
-        return address;
+        return addressOf(in.sin_addr);
     }
     if (record && record->sa_family == AF_INET6) {
         sockaddr_in6 in{};
         std::memcpy(&in, record, sizeof in);
-        // An IPv4 address in disguise is routed as what it is.
-        if (IN6_IS_ADDR_V4MAPPED(&in.sin6_addr)) {
-            std::memcpy(address.bytes.data(), in.sin6_addr.s6_addr + 12, 4);
-            return address;
-        }
-        address.family = Family::ipv6;
-        address.scope = in.sin6_scope_id;
-        std::memcpy(address.bytes.data(), &in.sin6_addr, sizeof in.sin6_addr);
-        return address;
+        return addressOf(in.sin6_addr, in.sin6_scope_id);
     }
     return std::nullopt;
 }
 
 std::optional<NetworkAddress> NetworkAddress::from(std::string_view text) {
+    if (text.find('\0') != std::string_view::npos)
+        return std::nullopt;
     const std::string terminated(text);
-    for (const Family family : {Family::ipv4, Family::ipv6}) {
-        NetworkAddress address;
-        address.family = family;
-        if (inet_pton(systemFamily(family), terminated.c_str(), address.bytes.data()) == 1)
-            return address;
-    }
+    in_addr four{};
+    if (inet_pton(AF_INET, terminated.c_str(), &four) == 1)
+        return addressOf(four);
+    in6_addr six{};
+    if (inet_pton(AF_INET6, terminated.c_str(), &six) == 1)
+        return addressOf(six, 0);
     return std::nullopt;
 }
 

@@ -11,7 +11,8 @@ struct sockaddr;  // the system's <sys/socket.h>
 
 namespace quorin {
 
-/// An address of the Internet protocols, without a port.
+/// An address of the Internet protocols, without a port. One of IPv4 that is written as one of IPv6
+/// ("::ffff:192.0.2.1") is read as what it is.
 struct NetworkAddress {
     enum class Family : std::uint8_t { ipv4, ipv6 };
 
@@ -21,9 +22,10 @@ struct NetworkAddress {
 
     /// Nothing for null and for records of other families.
     static std::optional<NetworkAddress> from(const sockaddr* record);
-    /// Reads "192.0.2.1" or "2001:db8::1".
+    /// Reads "192.0.2.1" or "2001:db8::1"; nothing for other texts, names and shorter forms too.
     static std::optional<NetworkAddress> from(std::string_view text);
 
+    /// As it is read; the scope is left out.
     std::string text() const;
     /// 0.0.0.0 or ::, which stand for any address.
     bool isAny() const;
