@@ -17,6 +17,11 @@ bool leadsAnywhere(const NetworkRoute& route) {
     return route.kind != NetworkRoute::Kind::refused && route.link.hasCarrier;
 }
 
+/// A local default route, as proxies lay one to themselves, keeps everything on this machine.
+bool leadsOut(const NetworkRoute& route) {
+    return route.kind == NetworkRoute::Kind::unicast && leadsAnywhere(route);
+}
+
 }  // namespace
 
 std::uint32_t reachabilityFlags(const NetworkRoute& route, const NetworkAddress& address) {
@@ -32,7 +37,7 @@ std::uint32_t reachabilityFlags(const NetworkRoute& route, const NetworkAddress&
 std::uint32_t reachabilityFlags(std::span<const NetworkRoute> defaultRoutes) {
     std::uint32_t flags = 0;
     for (const NetworkRoute& route : defaultRoutes)
-        if (leadsAnywhere(route))
+        if (leadsOut(route))
             flags |= flagsOf(route.link);
     return flags;
 }

@@ -44,7 +44,7 @@ struct NetworkRoute {
 /// The flags of an address that is routed so.
 std::uint32_t reachabilityFlags(const NetworkRoute& route, const NetworkAddress& address);
 /// The flags of connectivity in general, by all default routes there are: those of the links of
-/// the routes that lead anywhere. Neither local nor direct.
+/// the routes that lead out of this machine. Neither local nor direct.
 std::uint32_t reachabilityFlags(std::span<const NetworkRoute> defaultRoutes);
 
 /// Where the system sends packets.

@@ -105,6 +105,18 @@ NetworkRoute::Kind kindOf(unsigned char type) {
     }
 }
 
+bool hasGateway(const rtnexthop& next) {
+    bool isFound = false;
+    const mnl_attr_cb_t look = [](const nlattr* attribute, void* to) {
+        const std::uint16_t type = mnl_attr_get_type(attribute);
+        if (type == RTA_GATEWAY || type == RTA_VIA)
+            *static_cast<bool*>(to) = true;
+        return MNL_CB_OK;
+    };
+    mnl_attr_parse_payload(RTNH_DATA(&next), next.rtnh_len - RTNH_LENGTH(0), look, &isFound);
+    return isFound;
+}
+
 /// Several of a route with several next hops.
 void addHops(const nlmsghdr& message, std::vector<Hop>& hops) {
     rtmsg body{};
@@ -124,7 +136,7 @@ void addHops(const nlmsghdr& message, std::vector<Hop>& hops) {
     int left = mnl_attr_get_payload_len(several);
     for (; left >= static_cast<int>(sizeof *next) && RTNH_OK(next, left);) {
         hop.link = next->rtnh_ifindex;
-        hop.route.hasGateway = next->rtnh_len > sizeof *next;
+        hop.route.hasGateway = hasGateway(*next);
         hops.push_back(hop);
         left -= static_cast<int>(RTNH_ALIGN(next->rtnh_len));
         next = reinterpret_cast<const rtnexthop*>(reinterpret_cast<const char*>(next) +
