@@ -63,8 +63,8 @@ void run(const ReachOptions& options) {
         throw CLI::RuntimeError(1);
     }
     const LogRedirection quietly([](std::string_view) {});
-    const bool isReachable =
-        Reachability(network).networkStatusForFlags(*flags) == NetworkStatus::reachable;
+    const bool isReachable = makeObject<Reachability>(network)->networkStatusForFlags(*flags) ==
+                             NetworkStatus::reachable;
     print(oneLine(options.host) + (isReachable ? ": reachable" : ": not reachable") +
           namesOf(*flags) + "\n");
     if (!isReachable)

@@ -61,15 +61,20 @@ std::shared_ptr<Reachability> Reachability::reachabilityForInternetConnection(
 Reachability::~Reachability() { stopNotifier(); }
 
 bool Reachability::startNotifier() {
-    reference->setCallback([weak = weak_from_this()](std::uint32_t) {
+    reference->setCallback([weak = weak_from_this(), target = reference.get()](auto flags) {
         if (const auto self = weak.lock())
-            NSNotificationCenter::defaultCenter().postNotification(
-                NSNotification(kReachabilityChangedNotification, self));
+            ReachabilityCallback(*target, flags, self);
     });
     return reference->schedule(RunLoop::current());
 }
 
 void Reachability::stopNotifier() { reference->unschedule(RunLoop::current()); }
+
+void ReachabilityCallback(SCNetworkReachability&, std::uint32_t,
+                          const std::shared_ptr<Object>& info) {
+    NSNotificationCenter::defaultCenter().postNotification(
+        NSNotification(kReachabilityChangedNotification, info));
+}
 
 NetworkStatus Reachability::currentReachabilityStatus() const {
     const auto flags = reference->flags();

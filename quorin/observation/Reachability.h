@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "quorin/platform/foundation/NSObject.h"
 #include "quorin/platform/foundation/SCNetworkReachability.h"
@@ -38,12 +39,13 @@ public:
         : reference(std::move(owned)) {}
     ~Reachability() override;
 
-    /// False when the system does not tell of changes.
+    /// Started twice it posts once. False when the system does not tell of changes, and on a second
+    /// loop while it is started on another.
     bool startNotifier();
     /// To be called on the loop of the start; elsewhere it changes nothing.
     void stopNotifier();
 
-    /// Not reachable when the system does not answer.
+    /// Not reachable when the system does not answer. This and the next on any thread.
     NetworkStatus currentReachabilityStatus() const;
     /// Whether a connection would have to be made first; false when the system does not answer.
     bool connectionRequired() const;
@@ -56,5 +58,9 @@ private:
 
     std::shared_ptr<SCNetworkReachability> reference;
 };
+
+/// What a notifier is called back by: posts the instance `info` on the default notification centre.
+void ReachabilityCallback(SCNetworkReachability& target, std::uint32_t flags,
+                          const std::shared_ptr<Object>& info);
 
 }  // namespace quorin

@@ -4,70 +4,32 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 
-#include <atomic>
-#include <condition_variable>
-#include <fstream>
-#include <map>
-#include <mutex>
 #include <thread>
 
+#include "quorin/observation/NotificationToken.h"
 #include "quorin/platform/foundation/NSLog.h"
 #include "quorin/platform/foundation/NSNotificationCenter.h"
 #include "tests/TestSupport.h"
+#include "tests/support/HeldResolver.h"
 #include "tests/support/NetworkNamespace.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/WrittenRoutingTable.h"
 
 namespace quorin {
 namespace {
 
+using test::networkAddress;
+using test::unicastRoute;
 using testing::ElementsAre;
 
 constexpr std::uint32_t transient = 1, reachable = 2, required = 4, onTraffic = 8,
                         intervention = 16, onDemand = 32, local = 65536, direct = 131072;
 
-/// A table that tests write, and that tells of changes when they say so.
-class WrittenTable : public RoutingTable {
-public:
-    std::map<std::string, NetworkRoute> routes;  // by the text of the address
-    std::vector<NetworkRoute> defaults;
-    bool isAnswering = true, isTelling = true;
-    mutable std::map<int, std::function<void()>> subscribers;
-
-    void change() {
-        for (const auto& [number, changed] : std::map(subscribers))
-            changed();
-    }
-
-    std::optional<NetworkRoute> routeTo(const NetworkAddress& address) const override {
-        if (!isAnswering)
-            return std::nullopt;
-        const auto found = routes.find(address.text());
-        return found == routes.end() ? NetworkRoute{} : found->second;
-    }
-    std::optional<std::vector<NetworkRoute>> defaultRoutes() const override {
-        return isAnswering ? std::optional(defaults) : std::nullopt;
-    }
-    Subscription subscribe(RunLoop&, std::function<void()> changed) const override {
-        if (!isTelling)
-            return nullptr;
-        static int last = 0;
-        const int number = ++last;
-        subscribers[number] = std::move(changed);
-        return Subscription(static_cast<void*>(&subscribers),
-                            [this, number](void*) { subscribers.erase(number); });
-    }
-};
-
-NetworkRoute unicast(bool hasGateway, NetworkLink link = {.hasCarrier = true}) {
-    return {NetworkRoute::Kind::unicast, hasGateway, link};
-}
-
-NetworkAddress address(const char* text) { return NetworkAddress::from(text).value(); }
-
-/// A hub that keeps the log from standard error and counts notifications of a sender.
+/// Hosts on a table that the test writes, and the log.
 class ReachabilityTest : public testing::Test {
 protected:
-    std::shared_ptr<WrittenTable> table = std::make_shared<WrittenTable>();
+    std::shared_ptr<test::WrittenRoutingTable> table =
+        std::make_shared<test::WrittenRoutingTable>();
     std::vector<std::string> lines;
     LogRedirection redirection{[this](std::string_view line) { lines.emplace_back(line); }};
 
@@ -138,6 +100,17 @@ TEST_F(ReachabilityTest, logsTheFlagsOfEveryJudgement) {
                                    start + "- -----l-" + end, start + "- -------" + end));
 }
 
+TEST(Reachability, writesItsLineToStandardErrorWithOneLineBreak) {
+    const auto any = Reachability::reachabilityWithHostName(
+        "192.0.2.1", {std::make_shared<test::WrittenRoutingTable>()});
+    testing::internal::CaptureStderr();
+    any->currentReachabilityStatus();
+    any->networkStatusForFlags(reachable);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Reachability Flag Status: - ------- networkStatusForFlags\n"
+              "Reachability Flag Status: R ------- networkStatusForFlags\n");
+}
+
 TEST_F(ReachabilityTest, logsNothingWhenTheSystemDoesNotAnswer) {
     table->isAnswering = false;
     const auto silent = of("192.0.2.1");
@@ -148,35 +121,19 @@ TEST_F(ReachabilityTest, logsNothingWhenTheSystemDoesNotAnswer) {
     EXPECT_TRUE(lines.empty());
 }
 
-TEST(ReachabilityFlags, followTheRoute) {
-    const NetworkAddress far = address("192.0.2.1"), home = address("127.0.0.1");
-    const auto localRoute = NetworkRoute{NetworkRoute::Kind::local, false, {.hasCarrier = true}};
-    const NetworkLink ppp{.hasCarrier = true, .isTransient = true};
-    const NetworkLink dormant{.hasCarrier = true, .isDormant = true};
-    EXPECT_EQ(reachabilityFlags(NetworkRoute{NetworkRoute::Kind::refused, true, ppp}, far), 0u);
-    EXPECT_EQ(reachabilityFlags(localRoute, far), reachable | local | direct);
-    EXPECT_EQ(reachabilityFlags(localRoute, home), reachable | local);
-    EXPECT_EQ(reachabilityFlags(localRoute, address("::1")), reachable | local);
-    EXPECT_EQ(reachabilityFlags(unicast(false), far), reachable | direct);
-    EXPECT_EQ(reachabilityFlags(unicast(true), far), reachable);
-    EXPECT_EQ(reachabilityFlags(unicast(true, ppp), far), reachable | transient);
-    EXPECT_EQ(reachabilityFlags(unicast(true, dormant), far), reachable | required | onTraffic);
-    EXPECT_EQ(reachabilityFlags(unicast(true, {}), far), 0u);
-}
-
 TEST_F(ReachabilityTest, asksForTheInternetByItsDefaultRoutes) {
     const auto internet = Reachability::reachabilityForInternetConnection({table});
     table->routes["0.0.0.0"] = {NetworkRoute::Kind::local, false, {.hasCarrier = true}};
     EXPECT_EQ(internet->currentReachabilityStatus(), NetworkStatus::notReachable);
-    table->defaults = {unicast(true, {}), NetworkRoute{}};
+    table->defaults = {unicastRoute(true, {}), NetworkRoute{}};
     EXPECT_EQ(internet->currentReachabilityStatus(), NetworkStatus::notReachable);
-    table->defaults.push_back(unicast(false));
+    table->defaults.push_back(unicastRoute(false));
     EXPECT_EQ(internet->currentReachabilityStatus(), NetworkStatus::reachable);
     EXPECT_EQ(lines.back(), "Reachability Flag Status: R ------- networkStatusForFlags\n");
 }
 
 TEST_F(ReachabilityTest, saysWhenAConnectionIsRequired) {
-    table->routes["192.0.2.1"] = unicast(true, {.hasCarrier = true, .isDormant = true});
+    table->routes["192.0.2.1"] = unicastRoute(true, {.hasCarrier = true, .isDormant = true});
     EXPECT_TRUE(of("192.0.2.1")->connectionRequired());
     EXPECT_EQ(of("192.0.2.1")->currentReachabilityStatus(), NetworkStatus::reachable);
     EXPECT_FALSE(of("192.0.2.2")->connectionRequired());
@@ -193,7 +150,7 @@ TEST_F(ReachabilityTest, refusesNamesAndAddressesThatAreNone) {
 }
 
 TEST_F(ReachabilityTest, takesAddressesOfBothFamilies) {
-    table->routes["192.0.2.1"] = table->routes["2001:db8::1"] = unicast(true);
+    table->routes["192.0.2.1"] = table->routes["2001:db8::1"] = unicastRoute(true);
     sockaddr_in four{};
     four.sin_family = AF_INET;
     inet_pton(AF_INET, "192.0.2.1", &four.sin_addr);
@@ -215,7 +172,7 @@ TEST_F(ReachabilityTest, postsItselfOnlyWhenTheFlagsHaveChanged) {
     EXPECT_TRUE(other->startNotifier());
     table->change();
     EXPECT_EQ(changes.count, 0);
-    table->routes["192.0.2.1"] = unicast(true);
+    table->routes["192.0.2.1"] = unicastRoute(true);
     table->change();
     table->change();
     EXPECT_EQ(changes.count, 1);
@@ -233,7 +190,7 @@ TEST_F(ReachabilityTest, postsItselfOnlyWhenTheFlagsHaveChanged) {
 TEST_F(ReachabilityTest, isSilentBeforeTheStartAndAfterTheStop) {
     const auto host = of("192.0.2.1");
     const Changes changes(host);
-    table->routes["192.0.2.1"] = unicast(true);
+    table->routes["192.0.2.1"] = unicastRoute(true);
     table->change();
     EXPECT_TRUE(host->startNotifier());
     EXPECT_TRUE(host->startNotifier());
@@ -245,13 +202,64 @@ TEST_F(ReachabilityTest, isSilentBeforeTheStartAndAfterTheStop) {
     EXPECT_TRUE(table->subscribers.empty());
 }
 
+TEST_F(ReachabilityTest, startedTwicePostsOnceUntilItIsStoppedOnce) {
+    const auto host = of("192.0.2.1");
+    const Changes changes(host);
+    EXPECT_TRUE(host->startNotifier());
+    EXPECT_TRUE(host->startNotifier());
+    table->routes["192.0.2.1"] = unicastRoute(true);
+    table->change();
+    EXPECT_EQ(changes.count, 1);
+    host->stopNotifier();
+    table->routes.clear();
+    table->change();
+    EXPECT_EQ(changes.count, 1);
+}
+
+TEST_F(ReachabilityTest, postsItselfWhenItIsCalledBack) {
+    const auto host = of("192.0.2.1"), other = of("192.0.2.1");
+    const Changes changes(host), others(other);
+    const auto target = SCNetworkReachability::createWithName("192.0.2.1", {table});
+    ReachabilityCallback(*target, reachable, host);
+    EXPECT_EQ(changes.count, 1);
+    EXPECT_EQ(others.count, 0);
+    EXPECT_THAT(lines, testing::IsEmpty()) << "a status is judged when somebody asks for it";
+}
+
+TEST_F(ReachabilityTest, postsOnTheLoopThatWasCurrentAtTheStart) {
+    const auto resolver = std::make_shared<test::HeldResolver>();
+    table->routes["192.0.2.1"] = unicastRoute(true);
+    std::thread([&] {
+        const auto host = Reachability::reachabilityWithHostName(
+            "host.test", {table, test::HeldResolver::asking(resolver)});
+        std::thread::id called;
+        const NotificationToken token(NSNotificationCenter::defaultCenter().addObserver(
+            kReachabilityChangedNotification, host, [&](const NSNotification&) {
+                called = std::this_thread::get_id();
+                RunLoop::current()->stop();
+            }));
+        EXPECT_TRUE(host->startNotifier());
+        resolver->release({networkAddress("192.0.2.1")});
+        EXPECT_EQ(RunLoop::current()->run(60), RunLoopResult::stopped);
+        EXPECT_EQ(called, std::this_thread::get_id());
+    }).join();
+}
+
+TEST_F(ReachabilityTest, isStoppedByItsEndOnAnotherThread) {
+    auto host = of("192.0.2.1");
+    EXPECT_TRUE(host->startNotifier());
+    std::thread([&] { host.reset(); }).join();
+    RunLoop::main()->run(0);
+    EXPECT_TRUE(table->subscribers.empty());
+}
+
 TEST_F(ReachabilityTest, isStoppedByItsEndAlsoInsideANotification) {
     auto host = of("192.0.2.1");
     const auto observer = NSNotificationCenter::defaultCenter().addObserver(
         NSNotificationName(kReachabilityChangedNotification), nullptr,
         [&](const NSNotification&) { host.reset(); });
     EXPECT_TRUE(host->startNotifier());
-    table->routes["192.0.2.1"] = unicast(true);
+    table->routes["192.0.2.1"] = unicastRoute(true);
     table->change();
     EXPECT_EQ(host, nullptr);
     EXPECT_TRUE(table->subscribers.empty());
@@ -263,6 +271,13 @@ TEST_F(ReachabilityTest, doesNotStartWhenTheSystemDoesNotTell) {
     EXPECT_FALSE(of("192.0.2.1")->startNotifier());
 }
 
+TEST_F(ReachabilityTest, doesNotStartOnASecondLoop) {
+    const auto host = of("192.0.2.1");
+    EXPECT_TRUE(host->startNotifier());
+    std::thread([&] { EXPECT_FALSE(host->startNotifier()); }).join();
+    EXPECT_EQ(table->subscribers.size(), 1u);
+}
+
 TEST_F(ReachabilityTest, isStoppedOnlyOnTheLoopOfItsStart) {
     const auto host = of("192.0.2.1");
     EXPECT_TRUE(host->startNotifier());
@@ -272,38 +287,11 @@ TEST_F(ReachabilityTest, isStoppedOnlyOnTheLoopOfItsStart) {
     EXPECT_TRUE(table->subscribers.empty());
 }
 
-/// Names whose resolving the test holds back.
-class HeldResolver {
-public:
-    std::vector<NetworkAddress> operator()(const std::string&) {
-        std::unique_lock lock(mutex);
-        ++asked;
-        changed.wait(lock, [&] { return isReleased; });
-        thread = std::this_thread::get_id();
-        return answer;
-    }
-    void release(std::vector<NetworkAddress> addresses) {
-        const std::lock_guard lock(mutex);
-        answer = std::move(addresses);
-        isReleased = true;
-        changed.notify_all();
-    }
-
-    std::thread::id thread;
-    int asked = 0;
-
-private:
-    std::mutex mutex;
-    std::condition_variable changed;
-    bool isReleased = false;
-    std::vector<NetworkAddress> answer;
-};
-
 TEST_F(ReachabilityTest, resolvesNamesOffTheLoop) {
-    const auto resolver = std::make_shared<HeldResolver>();
-    table->routes["192.0.2.2"] = unicast(true);
+    const auto resolver = std::make_shared<test::HeldResolver>();
+    table->routes["192.0.2.2"] = unicastRoute(true);
     const auto host = Reachability::reachabilityWithHostName(
-        "host.test", {table, [resolver](const std::string& name) { return (*resolver)(name); }});
+        "host.test", {table, test::HeldResolver::asking(resolver)});
     Changes changes(host);
     EXPECT_TRUE(host->startNotifier());
     RunLoop::main()->run(0.005);  // comes back although the name is still being asked for
@@ -312,49 +300,19 @@ TEST_F(ReachabilityTest, resolvesNamesOffTheLoop) {
     EXPECT_EQ(changes.count, 0);
 
     changes.stopsLoop = true;
-    resolver->release({address("192.0.2.1"), address("192.0.2.2")});
+    resolver->release({networkAddress("192.0.2.1"), networkAddress("192.0.2.2")});
     EXPECT_EQ(RunLoop::main()->run(20), RunLoopResult::stopped);
-    EXPECT_NE(resolver->thread, std::this_thread::get_id());
+    EXPECT_NE(resolver->thread(), std::this_thread::get_id());
     EXPECT_EQ(host->currentReachabilityStatus(), NetworkStatus::reachable);
 }
 
-TEST_F(ReachabilityTest, unitesTheFlagsOfAllAddresses) {
-    table->routes["192.0.2.1"] = unicast(false);
-    table->routes["192.0.2.2"] = unicast(true, {.hasCarrier = true, .isTransient = true});
-    const auto host = SCNetworkReachability::createWithName(
-        "host.test",
-        {table, [](const std::string&) {
-             return std::vector{address("192.0.2.1"), address("192.0.2.2"), address("192.0.2.3")};
-         }});
-    std::uint32_t flags = 0;
-    host->setCallback([&](std::uint32_t now) {
-        flags = now;
-        RunLoop::main()->stop();
-    });
-    EXPECT_TRUE(host->schedule(RunLoop::main()));
-    if (!host->flags()) {
-        EXPECT_EQ(RunLoop::main()->run(20), RunLoopResult::stopped);
-    }
-    EXPECT_EQ(host->flags(), reachable | direct | transient);
-    EXPECT_TRUE(flags == 0 || flags == (reachable | direct | transient));
-}
-
-TEST_F(ReachabilityTest, hasNoFlagsForANameThatResolvesToNothing) {
-    const auto host = SCNetworkReachability::createWithName(
-        "nobody.test", {table, [](const std::string&) { return std::vector<NetworkAddress>(); }});
-    std::optional<std::uint32_t> flags;
-    for (int i = 0; i < 2000 && !(flags = host->flags()); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    EXPECT_EQ(flags, 0u);
-}
-
 TEST_F(ReachabilityTest, mayEndWhileItsNameIsBeingResolved) {
-    const auto resolver = std::make_shared<HeldResolver>();
+    const auto resolver = std::make_shared<test::HeldResolver>();
     auto host = Reachability::reachabilityWithHostName(
-        "host.test", {table, [resolver](const std::string& name) { return (*resolver)(name); }});
+        "host.test", {table, test::HeldResolver::asking(resolver)});
     EXPECT_TRUE(host->startNotifier());
     host.reset();
-    resolver->release({address("192.0.2.1")});
+    resolver->release({networkAddress("192.0.2.1")});
     while (resolver.use_count() > 1)
         std::this_thread::yield();
     RunLoop::main()->run(0);

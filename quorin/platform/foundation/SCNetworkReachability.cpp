@@ -46,6 +46,11 @@ std::shared_ptr<SCNetworkReachability> SCNetworkReachability::createWithAddress(
 }
 
 SCNetworkReachability::~SCNetworkReachability() {
+    // A loop that waits for this answer alone would never be let go once its thread has ended.
+    if (resolution) {
+        const std::lock_guard lock(resolution->mutex);
+        resolution->loop.reset();
+    }
     // What waits in a loop is that loop's thread's to end.
     if (subscription && RunLoop::current() != loop)
         loop->perform([ended = std::move(subscription)] {});
@@ -60,26 +65,30 @@ std::optional<std::uint32_t> SCNetworkReachability::flagsOf(const NetworkAddress
     return route ? std::optional(reachabilityFlags(*route, address)) : std::nullopt;
 }
 
+std::optional<std::uint32_t> SCNetworkReachability::flagsOfAll(
+    std::span<const NetworkAddress> hosts) const {
+    if (hosts.empty())
+        return 0;
+    std::optional<std::uint32_t> all;
+    for (const NetworkAddress& host : hosts)
+        if (const auto some = flagsOf(host))
+            all = all.value_or(0) | *some;
+    return all;
+}
+
 std::optional<std::uint32_t> SCNetworkReachability::flags() {
     if (resolution) {
         constexpr std::chrono::seconds freshness(5);
         std::unique_lock lock(resolution->mutex);
-        const bool isStale = resolution->addresses && !resolution->isRunning &&
-                             Clock::now() - resolution->answered > freshness;
-        if (resolution->addresses)
-            addresses = *resolution->addresses;
-        const bool isKnown = resolution->addresses.has_value();
+        const std::optional<std::vector<NetworkAddress>> known = resolution->addresses;
+        const bool isStale =
+            known && !resolution->isRunning && Clock::now() - resolution->answered > freshness;
         lock.unlock();
         if (isStale)
             resolve();
-        if (!isKnown)
-            return std::nullopt;
+        return known ? flagsOfAll(*known) : std::nullopt;
     }
-    std::optional<std::uint32_t> all;
-    for (const NetworkAddress& address : addresses)
-        if (const auto some = flagsOf(address))
-            all = all.value_or(0) | *some;
-    return addresses.empty() ? std::optional(0u) : all;
+    return flagsOfAll(addresses);
 }
 
 void SCNetworkReachability::resolve() {

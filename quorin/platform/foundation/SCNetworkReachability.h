@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,12 +44,14 @@ public:
     ~SCNetworkReachability();
 
     /// A union of `SCNetworkReachabilityFlags`, over all addresses of a name. Nothing as long as a
-    /// name is being resolved for the first time, or when the system does not answer. Never waits.
+    /// name is being resolved for the first time, or when the system does not answer. Never waits
+    /// for names; may be read on any thread.
     std::optional<std::uint32_t> flags();
 
     void setCallback(Callback closure) { callback = std::move(closure); }
     /// Calls back on this loop, the calling thread's, whenever the flags have become others, also
-    /// when they become known. False when the system does not tell of changes.
+    /// when they become known. Twice on one loop is once. False when the system does not tell of
+    /// changes, and for a second loop.
     bool schedule(const std::shared_ptr<RunLoop>& runLoop);
     /// False when it is not scheduled there.
     bool unschedule(const std::shared_ptr<RunLoop>& runLoop);
@@ -59,12 +62,13 @@ private:
     explicit SCNetworkReachability(NetworkServices used) : services(std::move(used)) {}
 
     std::optional<std::uint32_t> flagsOf(const NetworkAddress& address) const;
+    std::optional<std::uint32_t> flagsOfAll(std::span<const NetworkAddress> hosts) const;
     void resolve();
     void update();
 
     NetworkServices services;
     std::shared_ptr<Resolution> resolution;  // null for an address
-    std::vector<NetworkAddress> addresses;
+    std::vector<NetworkAddress> addresses;   // those of a name stand in its resolution
     Callback callback;
     std::shared_ptr<RunLoop> loop;
     RoutingTable::Subscription subscription;
