@@ -5,15 +5,11 @@
 #include "quorin/platform/values/FatalError.h"
 
 namespace quorin {
-namespace {
 
-void defaultNotificationCallback(CFNotificationCenter&, const void*,
-                                 const NSNotification& notification) {
-    DarwinNotificationsManager::sharedInstance()->notificationCallbackReceivedWithName(
-        notification.name());
+void defaultNotificationCallback(CFNotificationCenter&, const void*, const NSNotificationName& name,
+                                 const std::shared_ptr<Object>&, const NSNotification::UserInfo&) {
+    DarwinNotificationsManager::sharedInstance()->notificationCallbackReceivedWithName(name);
 }
-
-}  // namespace
 
 const std::shared_ptr<DarwinNotificationsManager>& DarwinNotificationsManager::sharedInstance() {
     // Never destroyed: the local centre goes on calling it until the very end.

@@ -38,4 +38,11 @@ private:
     std::unordered_map<NSNotificationName, Callback> callbacks;
 };
 
+/// What the manager registers on the local centre: hands the name to the shared instance, whichever
+/// instance registered.
+void defaultNotificationCallback(CFNotificationCenter& center, const void* observer,
+                                 const NSNotificationName& name,
+                                 const std::shared_ptr<Object>& object,
+                                 const NSNotification::UserInfo& userInfo);
+
 }  // namespace quorin

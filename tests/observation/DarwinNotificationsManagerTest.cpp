@@ -1,6 +1,8 @@
 #include "quorin/observation/DarwinNotificationsManager.h"
 
+#include <atomic>
 #include <memory>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -90,7 +92,8 @@ TEST(DarwinNotificationsManager, itsEndTakesItOffTheDarwinCentreButNotOffTheLoca
         const auto passing = makeObject<DarwinNotificationsManager>();
         CFNotificationCenter::darwinNotifyCenter().addObserver(
             passing.get(),
-            [](CFNotificationCenter&, const void*, const NSNotification&) { ++onDarwin; },
+            [](CFNotificationCenter&, const void*, const NSNotificationName&,
+               const std::shared_ptr<Object>&, const NSNotification::UserInfo&) { ++onDarwin; },
             "outlives its manager");
         passing->registerForNotificationName("outlives its manager", [] {});
         CFNotificationCenter::darwinNotifyCenter().postNotification(
@@ -114,6 +117,40 @@ TEST(DarwinNotificationsManager, whatAnotherInstanceRegistersIsReceivedByTheShar
     shared().postNotificationWithName("registered by both");
     EXPECT_EQ(ofShared, 2);
     EXPECT_EQ(ofAnother, 1);
+}
+
+TEST(DarwinNotificationsManager, isCalledBackByNameWhateverTheCentreAndTheObserver) {
+    int calls = 0;
+    shared().registerForNotificationName("called back", [&] { ++calls; });
+    for (CFNotificationCenter* const center :
+         {&CFNotificationCenter::localCenter(), &CFNotificationCenter::darwinNotifyCenter()})
+        defaultNotificationCallback(*center, nullptr, "called back", nullptr, Value::Map());
+    EXPECT_EQ(calls, 2);
+}
+
+TEST(DarwinNotificationsManager, hearsItsNameFromWhoeverPostsIt) {
+    int calls = 0;
+    shared().registerForNotificationName("posted by others", [&] { ++calls; });
+    NSNotificationCenter::defaultCenter().postNotification(
+        NSNotification("posted by others", DarwinNotificationsManager::sharedInstance()));
+    EXPECT_EQ(calls, 1) << "with any object";
+}
+
+TEST(DarwinNotificationsManager, mayBeUsedBySeveralThreads) {
+    std::atomic<int> calls = 0;
+    const auto use = [&calls](const std::string& own) {
+        for (int i = 0; i < 200; ++i) {
+            shared().registerForNotificationName("of all threads", [&calls] { ++calls; });
+            shared().registerForNotificationName(own, [&calls] { ++calls; });
+            shared().postNotificationWithName("of all threads");
+            shared().postNotificationWithName(own);
+        }
+    };
+    std::thread one(use, "of one thread"), other(use, "of another");
+    one.join();
+    other.join();
+    EXPECT_EQ(calls, 800);
+    shared().registerForNotificationName("of all threads", [] {});
 }
 
 TEST(DarwinNotificationsManagerDeath, aNameWithoutACallbackStopsTheProcess) {

@@ -19,7 +19,8 @@ void CFNotificationCenter::addObserver(const void* observer, Callback callback,
                                        std::optional<NSNotificationName> name,
                                        const std::shared_ptr<Object>& object) {
     const auto deliver = [this, observer, callback](const NSNotification& notification) {
-        callback(*this, observer, notification);
+        callback(*this, observer, notification.name(), notification.object(),
+                 notification.userInfo());
     };
     const bool isForAnySender = carries == Carries::namesAlone;
     const std::lock_guard lock(mutex);

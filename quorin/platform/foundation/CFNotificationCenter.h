@@ -15,7 +15,8 @@ namespace quorin {
 class CFNotificationCenter {
 public:
     using Callback = void (*)(CFNotificationCenter& center, const void* observer,
-                              const NSNotification& notification);
+                              const NSNotificationName& name, const std::shared_ptr<Object>& object,
+                              const NSNotification::UserInfo& userInfo);
 
     /// What the default notification centre carries, seen this way.
     static CFNotificationCenter& localCenter();

@@ -15,9 +15,9 @@ struct Call {
 };
 std::vector<Call> calls;  // plain functions have nowhere else to write
 
-void record(CFNotificationCenter& center, const void* observer,
-            const NSNotification& notification) {
-    calls.push_back({&center, observer, notification});
+void record(CFNotificationCenter& center, const void* observer, const NSNotificationName& name,
+            const std::shared_ptr<Object>& object, const NSNotification::UserInfo& userInfo) {
+    calls.push_back({&center, observer, NSNotification(name, object, userInfo)});
 }
 
 class Sender : public Object {
