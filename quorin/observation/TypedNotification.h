@@ -16,12 +16,13 @@ concept StatesNotificationName = requires {
     { Type::name() } -> std::convertible_to<NSNotificationName>;
 };
 
-/// A value that can travel as a notification: it is made from one that was received, and tells
-/// its sender (null for none) and what goes with it (nothing for nothing). A static `name()` may
-/// state the name to travel under.
+/// A value that can travel as a notification: it is made from one that was received, may state
+/// the name to travel under in place of its type's own, and tells its sender (null for none) and
+/// what goes with it (nothing for nothing).
 ///
 ///     struct SelectionDidChange {
 ///         explicit SelectionDidChange(const NSNotification& note);
+///         static NSNotificationName name();  // may be left out
 ///         std::shared_ptr<Object> object() const;
 ///         NSNotification::UserInfo userInfo() const;
 ///     };

@@ -1,5 +1,6 @@
 #include "quorin/observation/TypedNotification.h"
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <string>
@@ -54,7 +55,7 @@ struct Tick {
     std::shared_ptr<Object> object() const { return nullptr; }
     NSNotification::UserInfo userInfo() const { return std::nullopt; }
 
-    static inline int made = 0;
+    static inline std::atomic<int> made = 0;
 };
 
 static_assert(TypedNotification<WidthDidChange>);
@@ -196,6 +197,46 @@ TEST(NotificationToken, mayBeReleasedByItsOwnCallback) {
     post(Tick());
     post(Tick());
     EXPECT_EQ(calls, 1);
+}
+
+TEST(NotificationToken, mayBeReleasedByOneThreadWhileAnotherPosts) {
+    std::atomic<bool> isDone = false;
+    std::thread poster([&] {
+        while (!isDone)
+            post(Tick());
+    });
+    for (int i = 0; i < 200; ++i) {
+        const auto calls = std::make_shared<std::atomic<int>>(0);
+        auto token = startObserving<Tick>(nullptr, [calls](const Tick&) { ++*calls; });
+        if (i % 2 == 0)
+            while (*calls == 0)
+                std::this_thread::yield();
+        token.reset();
+        // A call that was going on may come to its end, after which the callback is let go.
+        while (calls.use_count() > 1)
+            std::this_thread::yield();
+        const int before = *calls;
+        post(Tick());
+        EXPECT_EQ(*calls, before);
+    }
+    isDone = true;
+    poster.join();
+}
+
+TEST(NotificationToken, mayBeReleasedByItsOwnCallbackInAPostWithinAPost) {
+    std::vector<int> calls;
+    std::shared_ptr<NotificationToken> token;
+    token = startObserving<Tick>(nullptr, [&](Tick) {
+        calls.push_back(1);
+        if (calls.size() == 1)
+            post(Tick());
+        token.reset();
+    });
+    const auto behind = startObserving<Tick>(nullptr, [&](Tick) { calls.push_back(2); });
+    post(Tick());
+    EXPECT_THAT(calls, ElementsAre(1, 1, 2, 2));
+    post(Tick());
+    EXPECT_THAT(calls, ElementsAre(1, 1, 2, 2, 2));
 }
 
 TEST(NotificationToken, releasesWhatItsCallbackHolds) {

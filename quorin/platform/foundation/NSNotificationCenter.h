@@ -35,8 +35,8 @@ public:
     /// one was is another one.
     std::shared_ptr<Object> addObserver(std::optional<NSNotificationName> name,
                                         const std::shared_ptr<Object>& object, Block block);
-    /// Ends an observation and releases its block. One that has ended already, null or an object of
-    /// another centre changes nothing.
+    /// Ends an observation; its block goes with the last holder of the observer. One that has ended
+    /// already, null or an object of another centre changes nothing.
     void removeObserver(const std::shared_ptr<Object>& observer);
 
     void postNotification(const NSNotification& notification) const;

@@ -311,6 +311,27 @@ TEST_F(NSNotificationCenterTest, servesTenThousandObservers) {
     EXPECT_EQ(count, 0u);
 }
 
+TEST_F(NSNotificationCenterTest, tenThousandObserversMayComeAndGoInAnyOrder) {
+    // Steps that share no divisor with the count visit every place once.
+    const std::size_t many = 10'000, orders[] = {1, 7'919, many - 1};
+    for (const std::size_t order : orders) {
+        SCOPED_TRACE(order);
+        std::vector<std::shared_ptr<Object>> observers;
+        std::size_t count = 0;
+        for (std::size_t i = 0; i < many; ++i)
+            observers.push_back(
+                center.addObserver("a", nullptr, [&](const NSNotification&) { ++count; }));
+        for (std::size_t i = 0; i < many; ++i) {
+            center.removeObserver(observers[(i + 1) * order % many]);
+            if (i % 1'000 == 999) {
+                count = 0;
+                center.postNotification(NSNotification("a"));
+                EXPECT_EQ(count, many - i - 1);
+            }
+        }
+    }
+}
+
 TEST_F(NSNotificationCenterTest, tenThousandObserversMayGoWhileTheyAreCalled) {
     std::vector<std::shared_ptr<Object>> observers(10'000);
     std::size_t count = 0;
