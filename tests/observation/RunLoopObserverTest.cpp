@@ -1,7 +1,10 @@
 #include "quorin/observation/RunLoopObserver.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
+#include <optional>
+#include <set>
 #include <thread>
 
 #include "tests/TestSupport.h"
@@ -138,6 +141,79 @@ TEST_F(RunLoopObserverTest, isCalledInANestedRunInsideAClosure) {
     passTwice();
     EXPECT_EQ(deepest, 3);
     RunLoopObserver::shared()->removeObserver(own);
+}
+
+TEST_F(RunLoopObserverTest, doesNotCallAClosureRemovedInANestedRunWhenTheOuterPassGoesOn) {
+    const auto& shared = RunLoopObserver::shared();
+    std::vector<std::optional<UUID>> all;
+    int depth = 0, calls = 0;
+    for (int i = 0; i < 5; ++i)
+        all.push_back(shared->addObserver([&] {
+            ++calls;
+            if (++depth == 1)
+                passTwice();
+            else
+                for (const auto& identifier : all)
+                    shared->removeObserver(identifier);
+            --depth;
+        }));
+    passTwice();
+    EXPECT_EQ(calls, 2) << "whichever comes first, and the one its nested run calls first";
+}
+
+/// What a pass has to call: all that were there as it began and are there still.
+struct Pass {
+    std::set<std::size_t> there, called;
+};
+
+RC_GTEST_PROP(RunLoopObserver, callsWhatIsThereOncePerPassWhateverClosuresDo,
+              (const std::vector<std::uint8_t>& script)) {
+    const auto& loop = RunLoop::main();
+    const auto observer = RunLoopObserver::create(loop);
+    std::vector<UUID> identifiers;
+    std::set<std::size_t> there;
+    std::vector<Pass> passes;
+    std::size_t next = 0;
+    std::function<void()> add;
+    const auto takeStep = [&] {
+        const unsigned step = next < script.size() ? script[next++] : 3;
+        if (step % 4 == 0) {
+            add();
+        } else if (step % 4 == 1 && !identifiers.empty()) {
+            const std::size_t which = step / 4 % identifiers.size();
+            observer->removeObserver(identifiers[which]);
+            there.erase(which);
+        } else if (step % 4 == 2 && passes.size() < 4) {
+            loop->run(0);
+        }
+    };
+    add = [&] {
+        const std::size_t number = identifiers.size();
+        identifiers.push_back(observer->addObserver([&, number] {
+            RC_ASSERT(there.count(number) == 1u);
+            RC_ASSERT(passes.back().there.count(number) == 1u);
+            RC_ASSERT(passes.back().called.insert(number).second);
+            takeStep();
+        }));
+        there.insert(number);
+    };
+    const auto begin = CFRunLoopObserver::create(161, true, -1, [&](CFRunLoopActivity) {
+        passes.push_back({there, {}});
+    });
+    const auto end = CFRunLoopObserver::create(161, true, 1, [&](CFRunLoopActivity) {
+        for (const std::size_t number : passes.back().there)
+            RC_ASSERT(there.count(number) == passes.back().called.count(number) ||
+                      there.count(number) == 0u);
+        passes.pop_back();
+    });
+    loop->addObserver(begin);
+    loop->addObserver(end);
+    while (next < script.size()) {
+        takeStep();
+        loop->run(0);
+    }
+    loop->removeObserver(begin);
+    loop->removeObserver(end);
 }
 
 TEST_F(RunLoopObserverTest, serves10000Closures) {

@@ -42,7 +42,9 @@ enum class DescriptorEvent { readable, writable };
 ///
 /// Rests on GLib's main context, so a host whose own loop runs there (Qt's does on Debian) serves
 /// all of it as well, and observers hear of every wait. Entry and exit come with runs of this
-/// class.
+/// class. An observer that is called before a wait may run the loop too, but only by this class:
+/// GLib keeps one array of descriptors per context, which another iteration inside a wait of the
+/// host's would take away from under it.
 ///
 /// Everything but `perform`, `stop` and the two operations on observers is to be called on the
 /// loop's own thread.

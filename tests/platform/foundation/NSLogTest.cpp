@@ -15,6 +15,14 @@ TEST(NSLog, writesALineToStandardError) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "something happened\n");
 }
 
+TEST(NSLog, endsALineOnceThatBringsItsEndAlong) {
+    testing::internal::CaptureStderr();
+    NSLog("one\n");
+    NSLog("two\n\n");
+    NSLog("\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "one\ntwo?\n\n");
+}
+
 TEST(NSLog, keepsToOneLineWhateverTheMessageQuotes) {
     testing::internal::CaptureStderr();
     NSLog("a\nb\x1B[2J\x7F\tcaf\u00e9");

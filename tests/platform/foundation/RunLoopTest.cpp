@@ -304,6 +304,33 @@ TEST(RunLoop, wakesForWhatANestedRunBeforeTheWaitLeaves) {
     EXPECT_EQ(RunLoop::main()->run(20), RunLoopResult::stopped);
 }
 
+TEST(RunLoop, mayBeRunBeforeAWaitOfTheHost) {
+    const auto& loop = RunLoop::main();
+    loop->run(0);
+    const Record record;
+    bool isPerformed = false;
+    loop->addObserver(
+        CFRunLoopObserver::create(kCFRunLoopBeforeWaiting, false, 0, [&](CFRunLoopActivity) {
+            // More descriptors than the host's array has room for.
+            std::vector<int> descriptors(40);
+            std::vector<RunLoopSource> sources;
+            for (int& descriptor : descriptors) {
+                descriptor = dup(STDERR_FILENO);
+                sources.push_back(
+                    loop->addDescriptor(descriptor, DescriptorEvent::readable, [] {}));
+            }
+            loop->perform([&] { isPerformed = true; });
+            loop->run(0.002);
+            sources.clear();
+            for (const int descriptor : descriptors)
+                close(descriptor);
+        }));
+    const RunLoopSource timer = loop->addTimer(0.01, false, [] {});
+    g_main_context_iteration(nullptr, TRUE);
+    EXPECT_TRUE(isPerformed);
+    EXPECT_THAT(record.activities, testing::Contains(1u));
+}
+
 TEST(RunLoop, watchesDescriptors) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
