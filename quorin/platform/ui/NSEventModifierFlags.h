@@ -6,8 +6,9 @@
 
 namespace quorin {
 
-/// Which modifier keys are down. The lower 16 bits say nothing about keys.
+/// Which modifier keys are down. The lower 16 bits say nothing about them.
 enum class NSEventModifierFlags : std::uint64_t {
+    space = 1,  ///< never in an event: what latches modifiers marks a latched space bar by it
     capsLock = 1 << 16,
     shift = 1 << 17,
     control = 1 << 18,
