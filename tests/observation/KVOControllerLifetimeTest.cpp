@@ -201,10 +201,12 @@ TEST_F(KVOControllerLifetime, observesTenThousandObjectsInOneRegistry) {
     controller.unobserve();
 }
 
+/// A class that no thread has had patched before.
+struct Shared : Node {
+    using Class = NSClassOf<Shared, Node>;
+};
+
 TEST_F(KVOControllerLifetime, servesSeveralThreadsThatShareNoObject) {
-    struct Shared : Node {
-        using Class = NSClassOf<Shared, Node>;
-    };
     constexpr int rounds = 200;
     std::array<int, 4> told{};
     std::vector<std::thread> threads;
