@@ -5,7 +5,6 @@
 
 #include "quorin/observation/RegularExpression.h"
 #include "quorin/platform/foundation/Hexadecimal.h"
-#include "quorin/platform/foundation/UTF8.h"
 #include "quorin/platform/foundation/UnicodeText.h"
 
 namespace quorin {
@@ -117,11 +116,10 @@ std::string stripCharacters(std::string_view text, std::span<const std::string> 
 }
 
 bool isEmailAddress(std::string_view text) {
-    if (!isUtf8(text))
-        return false;
     const auto regex = Regex::create(R"(^[\w._%+-]+@[\w.-]+\.[\w]{2,}$)");
     const std::optional<Regex::Matches> found = regex->matches(text);
-    // "$" also stands before a line end, which is no part of an address.
+    // "$" also stands before a line end, which is no part of an address. What is no UTF-8 is read
+    // as U+FFFD, which is no letter.
     return found && found->front().front().size() == text.size();
 }
 

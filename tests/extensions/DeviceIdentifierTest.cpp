@@ -68,6 +68,20 @@ TEST_F(DeviceIdentifier, isElseTheTextThatIsKept) {
     EXPECT_THAT(logged, ElementsAre(noSerialNumber, noUUID, noAddress));
 }
 
+TEST_F(DeviceIdentifier, isTheTextThatIsKeptWhereItMayOnlyBeRead) {
+    namespace fs = std::filesystem;
+    defaults.set("kDeviceIdKey", "kept");
+    fs::permissions(sysfs.path(), fs::perms(0755));
+    fs::permissions(folder.path(), fs::perms(0555));
+    fs::permissions(defaults.path(), fs::perms(0444));
+    {
+        const test::AsNobody nobody;
+        EXPECT_EQ(identifier(), "kept");
+    }
+    fs::permissions(folder.path(), fs::perms(0755));
+    EXPECT_THAT(logged, ElementsAre(noSerialNumber, noUUID, noAddress));
+}
+
 TEST_F(DeviceIdentifier, isElseARandomUUIDThatIsKept) {
     defaults.set("other", 1);
     const std::string first = identifier();
