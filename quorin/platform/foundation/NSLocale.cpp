@@ -1,5 +1,6 @@
 #include "quorin/platform/foundation/NSLocale.h"
 
+#include <unicode/uenum.h>
 #include <unicode/uloc.h>
 #include <unicode/unum.h>
 
@@ -17,27 +18,38 @@ constexpr std::string_view fallback = "en_US";
 
 thread_local const NSLocale* currentOfThread = nullptr;
 
-bool isKnownLanguage(const std::string& language) {
-    for (std::int32_t i = 0; i < uloc_countAvailable(); ++i) {
-        std::array<char, ULOC_LANG_CAPACITY> known{};
-        UErrorCode status = U_ZERO_ERROR;
-        uloc_getLanguage(uloc_getAvailable(i), known.data(), ULOC_LANG_CAPACITY, &status);
-        if (U_SUCCESS(status) && language == known.data())
+/// `uloc_getLanguage` and its like, empty for what is too long to be one.
+template <typename Get>
+std::string part(const std::string& identifier, const Get& get) {
+    std::array<char, ULOC_FULLNAME_CAPACITY> text;
+    UErrorCode status = U_ZERO_ERROR;
+    const std::int32_t size =
+        get(identifier.c_str(), text.data(), static_cast<std::int32_t>(text.size()), &status);
+    return U_SUCCESS(status) ? std::string(text.data(), static_cast<std::size_t>(size)) : "";
+}
+
+/// Whether ICU has data for it. In place of others it would take those of its own current locale.
+bool isKnown(const std::string& language) {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<UEnumeration, decltype(&uenum_close)> all(
+        uloc_openAvailableByType(ULOC_AVAILABLE_WITH_LEGACY_ALIASES, &status), &uenum_close);
+    for (const char* each = uenum_next(all.get(), nullptr, &status); each;
+         each = uenum_next(all.get(), nullptr, &status))
+        if (language == each)  // a language is available by itself where a country of it is
             return true;
-    }
     return false;
 }
 
-/// In ICU's spelling; the fallback for what is no locale.
 std::string knownIdentifier(std::string_view identifier) {
     const std::string name(identifier.substr(0, identifier.find_first_of(".@")));
-    std::array<char, ULOC_FULLNAME_CAPACITY> spelled{};
-    std::array<char, ULOC_LANG_CAPACITY> language{};
-    UErrorCode status = U_ZERO_ERROR;
-    uloc_getName(name.c_str(), spelled.data(), spelled.size() - 1, &status);
-    uloc_getLanguage(name.c_str(), language.data(), language.size() - 1, &status);
-    const bool isKnown = U_SUCCESS(status) && isKnownLanguage(language.data());
-    return isKnown && name != "C" && name != "POSIX" ? spelled.data() : std::string(fallback);
+    std::string known = part(name, uloc_getLanguage);
+    if (!isKnown(known))
+        return std::string(fallback);
+    // Without variants: that of POSIX would have neither groups nor a limit of digits.
+    for (const std::string& each : {part(name, uloc_getScript), part(name, uloc_getCountry)})
+        if (!each.empty())
+            known.append("_").append(each);
+    return known;
 }
 
 std::string symbol(const UNumberFormat* format, UNumberFormatSymbol which) {

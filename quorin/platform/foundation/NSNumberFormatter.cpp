@@ -3,13 +3,13 @@
 #include <unicode/uformattable.h>
 #include <unicode/unum.h>
 
-#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <memory>
-#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "quorin/platform/foundation/UTF16.h"
 #include "quorin/platform/foundation/UnicodeText.h"
@@ -20,8 +20,6 @@ namespace {
 
 using Style = NSNumberFormatterStyle;
 using RoundingMode = NSNumberFormatterRoundingMode;
-
-constexpr std::size_t longestNumber = 1000;
 
 void require(UErrorCode status) {
     if (U_FAILURE(status))
@@ -37,7 +35,17 @@ struct FormatSettings {
     bool operator==(const FormatSettings&) const = default;
 };
 
-using Format = std::unique_ptr<UNumberFormat, decltype(&unum_close)>;
+int fractionDigits(Style style) { return style == Style::decimal ? 3 : 0; }
+
+/// Of the shortest decimal that reads back to the number.
+int fractionDigits(double number) {
+    std::array<char, 400> text;  // the longest are 5e-324 and its like
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed).ptr;
+    const std::string_view digits(text.data(), static_cast<std::size_t>(end - text.data()));
+    const std::size_t point = digits.find('.');
+    return point == std::string_view::npos ? 0 : static_cast<int>(digits.size() - point - 1);
+}
 
 UNumberFormatRoundingMode icuMode(RoundingMode mode) {
     switch (mode) {
@@ -59,61 +67,136 @@ UNumberFormatRoundingMode icuMode(RoundingMode mode) {
     fatalError("rounding mode " + std::to_string(static_cast<int>(mode)) + " is none");
 }
 
-Format openFormat(const NSLocale& locale, const FormatSettings& settings) {
-    UErrorCode status = U_ZERO_ERROR;
-    Format format(
-        unum_open(UNUM_DECIMAL, nullptr, 0, locale.identifier().c_str(), nullptr, &status),
-        &unum_close);
-    require(status);
-    unum_setAttribute(format.get(), UNUM_GROUPING_USED, settings.usesGroups);
-    unum_setAttribute(format.get(), UNUM_ROUNDING_MODE, icuMode(settings.roundingMode));
-    if (settings.style == Style::none)
-        unum_setAttribute(format.get(), UNUM_MAX_FRACTION_DIGITS, 0);
-    if (settings.increment > 0)
-        unum_setDoubleAttribute(format.get(), UNUM_ROUNDING_INCREMENT, settings.increment);
-    return format;
-}
-
-/// What was opened on this thread, since opening takes thirty times as long as formatting.
-class OpenFormats {
+class IcuFormat {
 public:
-    static OpenFormats& ofThread() {
-        thread_local OpenFormats formats;
-        return formats;
+    IcuFormat(const std::string& locale, const FormatSettings& settings, int digits) {
+        UErrorCode status = U_ZERO_ERROR;
+        format.reset(unum_open(UNUM_DECIMAL, nullptr, 0, locale.c_str(), nullptr, &status));
+        require(status);
+        unum_setAttribute(format.get(), UNUM_GROUPING_USED, settings.usesGroups);
+        unum_setAttribute(format.get(), UNUM_ROUNDING_MODE, icuMode(settings.roundingMode));
+        unum_setAttribute(format.get(), UNUM_MAX_FRACTION_DIGITS, digits);
+        if (settings.increment > 0)
+            unum_setDoubleAttribute(format.get(), UNUM_ROUNDING_INCREMENT, settings.increment);
     }
 
-    UNumberFormat* find(const NSLocale& locale, const FormatSettings& settings) {
-        for (std::size_t i = 0; i < count; ++i) {
-            const Entry& entry = entries[i];
-            if (entry.settings == settings && entry.locale == locale)
-                return entry.format.get();
-        }
-        const std::size_t place = count < entries.size() ? count : next++ % entries.size();
-        entries[place] = Entry{locale, settings, openFormat(locale, settings)};
-        count = std::max(count, place + 1);
-        return entries[place].format.get();
+    std::optional<std::string> string(double number) const {
+        return text([&](char16_t* units, std::int32_t capacity, UErrorCode& status) {
+            return unum_formatDouble(format.get(), number, units, capacity, nullptr, &status);
+        });
+    }
+
+    /// Of a number in ASCII digits.
+    std::optional<std::string> string(const std::string& decimal) const {
+        return text([&](char16_t* units, std::int32_t capacity, UErrorCode& status) {
+            return unum_formatDecimal(format.get(), decimal.data(),
+                                      static_cast<std::int32_t>(decimal.size()), units, capacity,
+                                      nullptr, &status);
+        });
+    }
+
+    std::optional<NSNumber> number(std::u16string_view text) const {
+        UErrorCode status = U_ZERO_ERROR;
+        const std::unique_ptr<UFormattable, decltype(&ufmt_close)> result(ufmt_open(&status),
+                                                                          &ufmt_close);
+        require(status);
+        std::int32_t end = 0;
+        const auto size = static_cast<std::int32_t>(text.size());
+        unum_parseToUFormattable(format.get(), result.get(), text.data(), size, &end, &status);
+        if (U_FAILURE(status) || end != size)
+            return std::nullopt;
+        if (ufmt_getType(result.get(), &status) == UFMT_DOUBLE)
+            return NSNumber(ufmt_getDouble(result.get(), &status));
+        return NSNumber(ufmt_getInt64(result.get(), &status));
     }
 
 private:
-    struct Entry {
-        NSLocale locale = NSLocale::current();
-        FormatSettings settings;
-        Format format{nullptr, &unum_close};
+    template <typename Write>
+    static std::optional<std::string> text(const Write& write) {
+        // The greatest double in groups of two, in digits beyond 16 bits, needs about 800.
+        std::array<char16_t, 1024> units;
+        UErrorCode status = U_ZERO_ERROR;
+        const std::int32_t size =
+            write(units.data(), static_cast<std::int32_t>(units.size()), status);
+        if (U_FAILURE(status))
+            return std::nullopt;
+        return utf8({units.data(), static_cast<std::size_t>(size)});
+    }
+
+    struct Closer {
+        void operator()(UNumberFormat* open) const { unum_close(open); }
     };
 
-    std::array<Entry, 16> entries;
-    std::size_t count = 0, next = 0;
+    std::unique_ptr<UNumberFormat, Closer> format;
 };
 
-std::optional<std::string> formatted(const UNumberFormat* format, double number) {
-    std::array<char16_t, 512> units;
-    UErrorCode status = U_ZERO_ERROR;
-    const std::int32_t size =
-        unum_formatDouble(format, number, units.data(), units.size(), nullptr, &status);
-    if (U_FAILURE(status))
-        return std::nullopt;
-    return utf8({units.data(), static_cast<std::size_t>(size)});
-}
+/// Writes numbers in a locale by settings.
+class NumberWriter {
+public:
+    NumberWriter(const NSLocale& locale, const FormatSettings& settings)
+        : format(locale.identifier(), settings, fractionDigits(settings.style)) {
+        const int shownDigits = fractionDigits(settings.style);
+        const int digits = fractionDigits(settings.increment);
+        // ICU shows all digits of an increment, unless it is below half of the style's last digit:
+        // such a one it leaves out of account.
+        if (digits <= shownDigits || settings.increment <= 0.5 * std::pow(10, -shownDigits))
+            return;
+        FormatSettings plain = settings;
+        plain.usesGroups = false;
+        multiples.emplace("en", plain, digits);
+        plain = settings;
+        plain.increment = 0;
+        format = IcuFormat(locale.identifier(), plain, shownDigits);
+    }
+
+    std::optional<std::string> string(double number) const {
+        if (!multiples || !std::isfinite(number))
+            return format.string(number);
+        const std::optional<std::string> multiple = multiples->string(number);
+        return multiple ? format.string(*multiple) : std::nullopt;
+    }
+
+    const IcuFormat& plainFormat() const { return format; }
+
+private:
+    IcuFormat format;
+    std::optional<IcuFormat> multiples;  // of an increment with more digits than the style shows
+};
+
+/// The writers in use on a thread, kept because opening ICU's formats takes thirty times as long
+/// as writing a number.
+class NumberWriters {
+public:
+    static NumberWriters& ofThread() {
+        thread_local NumberWriters writers;
+        return writers;
+    }
+
+    const NumberWriter& find(const NSLocale& locale, const FormatSettings& settings) {
+        for (const Entry& entry : entries)
+            if (entry.settings == settings && entry.locale == locale)
+                return entry.writer;
+        Entry made{locale, settings, NumberWriter(locale, settings)};
+        if (entries.size() < capacity)
+            return entries.emplace_back(std::move(made)).writer;
+        Entry& replaced = entries[oldest];
+        oldest = (oldest + 1) % capacity;
+        replaced = std::move(made);
+        return replaced.writer;
+    }
+
+private:
+    static constexpr std::size_t capacity = 32;
+
+    struct Entry {
+        NSLocale locale;
+        FormatSettings settings;
+        NumberWriter writer;
+    };
+
+    std::vector<Entry> entries;
+    std::size_t oldest = 0;
+};
 
 std::u16string_view trimmed(std::u16string_view text) {
     while (!text.empty() && isWhiteSpace(text.front()))
@@ -126,32 +209,26 @@ std::u16string_view trimmed(std::u16string_view text) {
 }  // namespace
 
 std::optional<std::string> NSNumberFormatter::string(double number) const {
-    const bool hasIncrement = _roundingIncrement > 0 && std::isfinite(_roundingIncrement);
-    return formatted(
-        OpenFormats::ofThread().find(_locale, {_numberStyle, _roundingMode, _usesGroupingSeparator,
-                                               hasIncrement ? _roundingIncrement : 0.0}),
-        number);
+    FormatSettings settings{_numberStyle, _roundingMode, _usesGroupingSeparator, 0};
+    if (_roundingIncrement > 0 && std::isfinite(_roundingIncrement))
+        settings.increment = _roundingIncrement;
+    NumberWriters& writers = NumberWriters::ofThread();
+    std::optional<std::string> text = writers.find(_locale, settings).string(number);
+    if (text || settings.increment == 0)
+        return text;
+    // ICU cannot divide where the quotient has too many digits. Such a number is a multiple of the
+    // increment as well as its neighbours are.
+    settings.increment = 0;
+    return writers.find(_locale, settings).string(number);
 }
 
 std::optional<NSNumber> NSNumberFormatter::number(std::string_view text) const {
+    constexpr std::size_t longest = 1000;  // ICU takes quadratic time
     const std::u16string units = utf16(text);
     const std::u16string_view digits = trimmed(units);
-    if (digits.empty() || digits.size() > longestNumber)
+    if (digits.empty() || digits.size() > longest)
         return std::nullopt;
-
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<UFormattable, decltype(&ufmt_close)> result(ufmt_open(&status),
-                                                                      &ufmt_close);
-    require(status);
-    std::int32_t end = 0;
-    const auto size = static_cast<std::int32_t>(digits.size());
-    unum_parseToUFormattable(OpenFormats::ofThread().find(_locale, FormatSettings{}), result.get(),
-                             digits.data(), size, &end, &status);
-    if (U_FAILURE(status) || end != size)
-        return std::nullopt;
-    if (ufmt_getType(result.get(), &status) == UFMT_DOUBLE)
-        return NSNumber(ufmt_getDouble(result.get(), &status));
-    return NSNumber(ufmt_getInt64(result.get(), &status));
+    return NumberWriters::ofThread().find(_locale, FormatSettings()).plainFormat().number(digits);
 }
 
 std::string NSNumberFormatter::description() const {

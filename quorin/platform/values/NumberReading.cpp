@@ -1,7 +1,6 @@
 #include "quorin/platform/values/NumberReading.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <limits>
 #include <system_error>
 
@@ -30,30 +29,27 @@ bool isTiny(std::string_view digits) {
 
 }  // namespace
 
-const char* readDecimal(const char* first, const char* last, std::chars_format format,
-                        double& value) {
-    const char* digit = first != last && *first == '.' ? first + 1 : first;
+std::size_t readDecimal(std::string_view text, std::chars_format format, double& value) {
+    const std::size_t firstDigit = text.starts_with('.') ? 1 : 0;
     // Without a digit here, from_chars would go on to read a sign, "inf" or "nan".
-    if (digit == last || !isDigit(*digit))
-        return first;
-    const auto [end, error] = std::from_chars(first, last, value, format);
+    if (firstDigit == text.size() || !isDigit(text[firstDigit]))
+        return 0;
+    const auto [end, error] =
+        std::from_chars(text.data(), text.data() + text.size(), value, format);
+    const auto size = static_cast<std::size_t>(end - text.data());
     if (error == std::errc::result_out_of_range)
-        value = isTiny({first, static_cast<std::size_t>(end - first)})
-                    ? 0
-                    : std::numeric_limits<double>::infinity();
-    return end;
+        value = isTiny(text.substr(0, size)) ? 0 : std::numeric_limits<double>::infinity();
+    return size;
 }
 
 double doubleValue(std::string_view text) {
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    while (at != end && isWhiteSpace(*at))
-        ++at;
-    const bool hasSign = at != end && (*at == '+' || *at == '-');
-    const bool isNegative = hasSign && *at == '-';
+    const auto start = std::find_if_not(text.begin(), text.end(), isWhiteSpace);
+    text.remove_prefix(static_cast<std::size_t>(start - text.begin()));
+    const bool isNegative = text.starts_with('-');
+    if (isNegative || text.starts_with('+'))
+        text.remove_prefix(1);
     double value = 0;
-    const char* const start = hasSign ? at + 1 : at;
-    if (readDecimal(start, end, std::chars_format::general, value) == start)
+    if (readDecimal(text, std::chars_format::general, value) == 0)
         return 0;
     return isNegative ? -value : value;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <charconv>
+#include <cstddef>
 #include <string_view>
 
 /// Decimal numbers in texts, whatever the locale.
@@ -11,10 +12,10 @@ namespace quorin {
 /// words for it and for NaN are no numbers, and hexadecimal ends behind its 0.
 double doubleValue(std::string_view text);
 
-/// Reads digits with a point among, before or behind them and, unless `format` is fixed, with an
-/// exponent. Gives where they end, `first` when there are none. Unlike `std::from_chars` it takes
-/// no sign and no words, and what a double cannot hold reads as infinity or 0.
-const char* readDecimal(const char* first, const char* last, std::chars_format format,
-                        double& value);
+/// The size in bytes of the number without a sign that the text starts with, 0 when there is none:
+/// digits with a point among, before or behind them and, unless `format` is fixed, an exponent.
+/// Unlike `std::from_chars` it knows no words, and what a double cannot hold reads as infinity or
+/// 0.
+std::size_t readDecimal(std::string_view text, std::chars_format format, double& value);
 
 }  // namespace quorin
