@@ -16,8 +16,8 @@ packages_for() {
             libmnl-dev libpugixml-dev libsimdjson-dev libssl-dev libzip-dev uuid-dev ;;
         tests) echo iproute2 libgmock-dev libgtest-dev librapidcheck-dev ;;
         demo) echo breeze-icon-theme ;;
-        bench) echo libbenchmark-dev libboost-dev libeigen3-dev libglm-dev libsigc++-2.0-dev \
-            lib2geom-dev nlohmann-json3-dev qt6-base-dev qt6-base-private-dev ;;
+        bench) echo libbenchmark-dev libboost-dev libeigen3-dev libglm-dev libmuparser-dev \
+            libsigc++-2.0-dev lib2geom-dev nlohmann-json3-dev qt6-base-dev qt6-base-private-dev ;;
         clang) echo clang clang-format libclang-rt-14-dev llvm ;;
     esac
 }
