@@ -1,6 +1,14 @@
 #include "quorin/extensions/HardwareAddress.h"
 
 #include <dlfcn.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
 
 #include "tests/TestSupport.h"
 #include "tests/extensions/DeviceSysfs.h"
@@ -81,6 +89,40 @@ TEST(HardwareAddress, comesFromThisMachineToEveryLanguage) {
     EXPECT_EQ(Address(guid.bytes, guid.bytes + guid.length),
               hardwareAddress("/sys").value_or(Address()));
     EXPECT_EQ(getGUID().length, guid.length);
+}
+
+/// Ends with 0 when the address is handed out of a machine that tells of itself in `sysfs`, with 77
+/// where a process may not have a view of its own.
+int askAsOn(const std::string& sysfs, const Address& expected) {
+    if (unshare(geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0 ||
+        mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount(sysfs.c_str(), "/sys", nullptr, MS_BIND, nullptr) != 0)
+        return 77;
+    const HardwareAddressBytes guid = getGUID();
+    const auto* const rest = guid.bytes + guid.length;
+    const bool isPadded =
+        std::all_of(rest, std::end(guid.bytes), [](auto byte) { return byte == 0; });
+    return Address(guid.bytes, rest) == expected && isPadded ? 0 : 1;
+}
+
+TEST(HardwareAddress, isHandedOutWithItsLength) {
+    const DeviceSysfs sysfs{}, nothing{};
+    sysfs.interface("en0", "00:16:3e:00:00:09", 1);
+    const auto resultOn = [](const DeviceSysfs& machine, const Address& expected) {
+        const pid_t process = fork();
+        if (process == 0)
+            _exit(askAsOn(machine.path(), expected));
+        int status = 0;
+        EXPECT_EQ(waitpid(process, &status, 0), process);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    };
+    const int result = resultOn(sysfs, {0x00, 0x16, 0x3E, 0x00, 0x00, 0x09});
+    if (result == 77) {
+        std::puts("This machine forbids a view of one's own: only this machine's was tested.");
+        return;
+    }
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(resultOn(nothing, {}), 0);
 }
 
 }  // namespace

@@ -189,13 +189,13 @@ TEST(Regex, givesUpAPatternThatTriesEverythingAndKeepsNothing) {
 TEST(Regex, givesUpScanningAHugeTextFromEveryPlace) {
     const std::string huge(1'000'000, 'a');
     // Both read on to the end from everywhere, the second one without a step back.
-    for (const char* pattern : {"[^b]*b", "[^b]*+b"}) {
+    for (const char* pattern : {"[^b]*b", "(?>[^b]*)b"}) {
         SCOPED_TRACE(pattern);
         const auto regex = Regex::create(pattern);
         regex->setTimeLimit(std::chrono::milliseconds(20));
         const std::clock_t start = std::clock();
         EXPECT_FALSE(regex->match(huge));
-        EXPECT_LT(std::clock() - start, 5 * CLOCKS_PER_SEC);
+        EXPECT_LT(std::clock() - start, 2 * CLOCKS_PER_SEC);
         EXPECT_TRUE(regex->reachedLimit());
     }
 }
