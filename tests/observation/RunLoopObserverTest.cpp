@@ -42,6 +42,16 @@ TEST_F(RunLoopObserverTest, countsTheSameWithClosures) {
     RunLoopObserver::shared()->removeObserver(second);
 }
 
+TEST_F(RunLoopObserverTest, hasCountedACallbackBeforeItCallsTheClosures) {
+    std::vector<std::int64_t> seen;
+    const std::int64_t before = RunLoopObserver::counter();
+    const UUID own = RunLoopObserver::shared()->addObserver(
+        [&] { seen.push_back(RunLoopObserver::counter() - before); });
+    passTwice();
+    EXPECT_THAT(seen, testing::ElementsAre(1, 2));
+    RunLoopObserver::shared()->removeObserver(own);
+}
+
 TEST_F(RunLoopObserverTest, countsNestedRunsToo) {
     const std::int64_t before = RunLoopObserver::counter();
     RunLoop::main()->perform([] { RunLoop::main()->run(0); });

@@ -78,7 +78,7 @@ std::optional<std::uint32_t> SCNetworkReachability::flagsOfAll(
 
 std::optional<std::uint32_t> SCNetworkReachability::flags() {
     if (resolution) {
-        constexpr std::chrono::seconds freshness(5);
+        const std::chrono::duration<double> freshness(services.freshness);
         std::unique_lock lock(resolution->mutex);
         const std::optional<std::vector<NetworkAddress>> known = resolution->addresses;
         const bool isStale =

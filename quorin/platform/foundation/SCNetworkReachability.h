@@ -20,6 +20,8 @@ struct NetworkServices {
     std::shared_ptr<const RoutingTable> routes = RoutingTable::ofKernel();
     /// Called on a thread of its own, where it may take its time; must not throw.
     std::function<std::vector<NetworkAddress>(const std::string& host)> resolve = resolveHost;
+    /// How many seconds an answer for a name holds: whoever reads flags later has it asked anew.
+    double freshness = 5;
 };
 
 /// Whether packets would find a way to a host, by the tables of this machine: nothing is sent but

@@ -136,6 +136,27 @@ TEST_F(SCNetworkReachabilityTest, resolvesOnceMoreAfterChangesWhileANameIsBeingR
     EXPECT_THAT(calls, ElementsAre(0u));
 }
 
+TEST_F(SCNetworkReachabilityTest, resolvesANameAnewForAReaderWhoComesLate) {
+    const auto services = [&](double freshness) {
+        return NetworkServices{table, HeldResolver::asking(resolver), freshness};
+    };
+    table->routes["192.0.2.2"] = unicastRoute(true);
+    resolver->release({networkAddress("192.0.2.1")});
+    auto host = SCNetworkReachability::createWithName("host.test", services(0));
+    EXPECT_EQ(knownFlags(*host), 0u);
+    resolver->release({networkAddress("192.0.2.2")});
+    EXPECT_TRUE(becomesTrue([&] { return host->flags() == reachable; }));
+    host.reset();
+    EXPECT_TRUE(becomesTrue([&] { return resolver.use_count() == 1; }));
+
+    const auto other = SCNetworkReachability::createWithName("host.test", services(1'000));
+    EXPECT_EQ(knownFlags(*other), reachable);
+    const int before = resolver->timesAsked();
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(other->flags(), reachable);
+    EXPECT_EQ(resolver->timesAsked(), before);
+}
+
 TEST_F(SCNetworkReachabilityTest, isScheduledOnceOnALoopAndOnNoSecondOne) {
     const auto host = of("192.0.2.1");
     EXPECT_FALSE(host->unschedule(RunLoop::main()));

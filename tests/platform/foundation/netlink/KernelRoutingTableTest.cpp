@@ -21,7 +21,6 @@ namespace {
 using test::inOwnNetwork;
 using test::ip;
 using test::networkAddress;
-using testing::IsEmpty;
 using testing::SizeIs;
 
 constexpr std::uint32_t transient = 1, reachable = 2, local = 65536, direct = 131072;
@@ -154,8 +153,9 @@ TEST(KernelRoutingTable, takesEachHopOfADefaultRouteByItsLink) {
         ip("addr add 10.1.3.3/24 dev v2");
         ip("route add default nexthop via 10.1.2.1 dev v0 nexthop via 10.1.3.1 dev v2");
         EXPECT_EQ(flagsAfterAWhile(generalFlags, reachable), reachable);
-        EXPECT_THAT(RoutingTable::ofKernel()->defaultRoutes().value(), SizeIs(2));
-        for (const NetworkRoute& route : RoutingTable::ofKernel()->defaultRoutes().value())
+        const auto routes = RoutingTable::ofKernel()->defaultRoutes().value();
+        EXPECT_THAT(routes, SizeIs(2));
+        for (const NetworkRoute& route : routes)
             EXPECT_TRUE(route.hasGateway);
         ip("link set v1 down");
         usleep(300'000);
