@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "quorin/platform/ui/internal/Finally.h"
 #include "quorin/platform/values/FatalError.h"
 
 namespace quorin {
@@ -31,11 +32,13 @@ bool NSApplication::sendEvent(const std::shared_ptr<NSEvent>& event,
                               FunctionRef<void(NSEvent&)> deliver) {
     const auto outer = std::exchange(_currentEvent, event);
     ++eventsBeingHandled;
+    const Finally endHandling([&] {
+        if (--eventsBeingHandled > 0)
+            _currentEvent = outer;
+    });
     const auto remaining = monitored(event);
     if (remaining)
         deliver(*remaining);
-    if (--eventsBeingHandled > 0)
-        _currentEvent = outer;
     return remaining != nullptr;
 }
 

@@ -1,13 +1,19 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "quorin/platform/ui/NSAnimator.h"
 #include "quorin/platform/ui/NSEvent.h"
 #include "quorin/platform/values/FunctionRef.h"
 
 namespace quorin {
+
+class NSView;
+class NSViewController;
 
 /// What the parts of a desktop program share. A host with windows of its own sends the application
 /// the events it gets, before it handles them itself. For the main thread only.
@@ -35,6 +41,16 @@ public:
     bool sendAction(std::string_view action, const std::shared_ptr<NSObject>& to,
                     NSObject* from) const;
 
+    /// What animations go by; without one, as at first, they are over at once.
+    const std::shared_ptr<NSAnimator>& animator() const { return _animator; }
+    void setAnimator(std::shared_ptr<NSAnimator> animator) { _animator = std::move(animator); }
+
+    /// Makes the view of a controller from the interface file that it names, and sets the outlets
+    /// of the controller. There is none at first.
+    using NibLoader = std::function<std::shared_ptr<NSView>(NSViewController& owner)>;
+    const NibLoader& nibLoader() const { return _nibLoader; }
+    void setNibLoader(NibLoader loader) { _nibLoader = std::move(loader); }
+
 private:
     friend class NSEvent;
     class Monitor;
@@ -49,6 +65,8 @@ private:
     std::shared_ptr<NSEvent> _currentEvent;
     int eventsBeingHandled = 0;
     std::vector<std::shared_ptr<Monitor>> monitors;
+    std::shared_ptr<NSAnimator> _animator;
+    NibLoader _nibLoader;
 };
 
 }  // namespace quorin
