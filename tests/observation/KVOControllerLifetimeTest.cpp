@@ -56,6 +56,17 @@ TEST_F(KVOControllerLifetime, letsABlockReleaseTheRegistryAtTheInitialValue) {
     EXPECT_EQ(calls.size(), 2u);
 }
 
+TEST_F(KVOControllerLifetime, stopsTheOthersAtOnceWhenABlockReleasesTheRegistryAtTheInitialValue) {
+    auto passing = std::make_unique<KVOController>();
+    passing->observe(*node, "name", both, noting("other"));
+    passing->observe(*node, "number", both | Options::initial, [&](const KVONotification&) {
+        passing.reset();
+        node->setValueForKey("a", "name");
+        calls.emplace_back("initial");
+    });
+    EXPECT_THAT(calls, ElementsAre("initial"));
+}
+
 TEST_F(KVOControllerLifetime, observesAlthoughTheBlockStopsItAtTheInitialValue) {
     // The observation is not listed yet, so there is nothing to stop.
     controller.observe(*node, "number", both | Options::initial, [&](const KVONotification&) {

@@ -203,6 +203,16 @@ TEST_F(KeyValueObserving, endsTheRegistrationOfTheGivenContext) {
     node->removeObserver(*recorder, "number", &contextTwo);
 }
 
+TEST_F(KeyValueObserving, takesANullContextForOneOfItsOwn) {
+    node->addObserver(*recorder, "number", both, nullptr);
+    node->addObserver(*recorder, "number", both, &contextOne);
+    node->removeObserver(*recorder, "number", nullptr);
+    node->setNumber(1);
+    ASSERT_EQ(recorder->told.size(), 1u);
+    EXPECT_EQ(recorder->told[0].context, &contextOne);
+    node->removeObserver(*recorder, "number", &contextOne);
+}
+
 TEST_F(KeyValueObserving, endsTheLatestRegistrationWhenNoContextIsGiven) {
     node->addObserver(*recorder, "number", both, &contextOne);
     node->addObserver(*recorder, "number", both, &contextTwo);
