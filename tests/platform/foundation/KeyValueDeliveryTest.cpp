@@ -188,6 +188,19 @@ TEST_F(KeyValueDelivery, endsQuietlyWhenTheObjectIsReleasedBetweenTwoKeys) {
     EXPECT_TRUE(reference.expired());
 }
 
+TEST_F(KeyValueDelivery, endsQuietlyWhenTheObjectIsReleasedBeforeItChanged) {
+    const std::weak_ptr<Node> reference = node;
+    Node& changed = *node;
+    changed.addObserver(*a, "number", both | Options::prior);
+    a->then = [&] {
+        changed.removeObserver(*a, "number");
+        node.reset();
+    };
+    changed.willChangeValue("number");
+    EXPECT_TRUE(reference.expired());
+    EXPECT_EQ(a->told.size(), 1u);
+}
+
 TEST_F(KeyValueDelivery, endsWithWhatAnObserverThrows) {
     for (const auto& each : {a, b})
         node->addObserver(*each, "number", both);
