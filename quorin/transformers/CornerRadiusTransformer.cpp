@@ -39,6 +39,9 @@ std::string joined(const NSNumberFormatter& formatter, const Radii& radii) {
 }
 
 CGFloat typedRadius(std::string_view piece) {
+    // No digit, no arithmetic: a text of a million semicolons would raise as many exceptions.
+    if (piece.find_first_of("0123456789") == std::string_view::npos)
+        return 0;
     CGFloat radius = 0;
     tryWithBlock([&] { radius = NSExpression::value(piece); }, /*error=*/nullptr);
     // Not std::max, which would let -0.0 through.
