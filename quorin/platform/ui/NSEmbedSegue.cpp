@@ -17,8 +17,7 @@ void NSEmbedSegue::perform() {
     const auto child = destination->view();
     child->setFrame(outside->bounds());
     outside->addSubview(child);
-    for (const char* format : {"H:|-0-[child]-0-|", "V:|-0-[child]-0-|"})
-        outside->addConstraints(NSLayoutConstraint::constraints(format, {{"child", child}}));
+    outside->pinToEdges(child);
 }
 
 }  // namespace quorin

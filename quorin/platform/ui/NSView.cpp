@@ -177,6 +177,11 @@ void NSView::removeConstraints(std::span<const std::shared_ptr<NSLayoutConstrain
     setNeedsLayout(true);
 }
 
+void NSView::pinToEdges(const std::shared_ptr<NSView>& subview) {
+    for (const char* format : {"H:|-0-[child]-0-|", "V:|-0-[child]-0-|"})
+        addConstraints(NSLayoutConstraint::constraints(format, {{"child", subview}}));
+}
+
 void NSView::dropConstraintsOn(const NSView& view) {
     std::erase_if(_constraints, [&](const auto& each) {
         return each->firstItem().get() == &view || each->secondItem().get() == &view;

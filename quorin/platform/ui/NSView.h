@@ -74,6 +74,8 @@ public:
     /// A constraint is about edges of this view and of its subviews; others stop the process.
     void addConstraints(std::span<const std::shared_ptr<NSLayoutConstraint>> constraints);
     void removeConstraints(std::span<const std::shared_ptr<NSLayoutConstraint>> constraints);
+    /// Has a subview fill this view from the next layout on, by constraints.
+    void pinToEdges(const std::shared_ptr<NSView>& subview);
 
     /// Whether subviews have to be brought to their places again: after a change of the size, of
     /// the subviews or of the constraints.
