@@ -1,8 +1,7 @@
 #include "quorin/interaction/ModifierKeys.h"
 
-#include <gtest/gtest.h>
-
-#include "SentKeys.h"
+#include "tests/TestSupport.h"
+#include "tests/interaction/SentKeys.h"
 
 namespace quorin {
 namespace {

@@ -1,8 +1,8 @@
 #include "quorin/interaction/NSEventExtension.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
+
+#include "tests/TestSupport.h"
 
 namespace quorin {
 namespace {

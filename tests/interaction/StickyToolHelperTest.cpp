@@ -1,14 +1,11 @@
 #include "quorin/interaction/StickyToolHelper.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
-
 #include <functional>
 #include <optional>
 #include <vector>
 
-#include "SentKeys.h"
+#include "tests/TestSupport.h"
+#include "tests/interaction/SentKeys.h"
 
 namespace quorin {
 namespace {
