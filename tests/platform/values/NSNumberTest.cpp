@@ -122,5 +122,36 @@ RC_GTEST_PROP(NSNumber, ofAnIntegerEqualsADoubleExactlyWhenNothingWasRounded,
     RC_ASSERT((NSNumber(integer) == NSNumber(static_cast<double>(integer))) == isExact);
 }
 
+TEST(NSNumber, isWrittenWithAtMostSixteenDigitsWhateverTheLocale) {
+    struct Row {
+        NSNumber number;
+        const char* text;
+    };
+    const Row table[] = {
+        {1234.0, "1234"},
+        {0.1, "0.1"},
+        {1.0 / 3, "0.3333333333333333"},
+        {0.1 + 0.2, "0.3"},  // 17 digits would show 0.30000000000000004
+        {-0.0, "-0"},
+        {0.0, "0"},
+        {1e15, "1000000000000000"},
+        {1e16, "1e+16"},
+        {1e-4, "0.0001"},
+        {1e-5, "1e-05"},
+        {-2.2250738585072014e-308, "-2.225073858507201e-308"},
+        {infinity, "inf"},
+        {-infinity, "-inf"},
+        {nan, "nan"},
+        {-nan, "nan"},
+        {1234, "1234"},
+        {least, "-9223372036854775808"},
+        {greatest, "9223372036854775807"},
+        {true, "1"},
+        {false, "0"},
+    };
+    for (const auto& [number, text] : table)
+        EXPECT_EQ(number.stringValue(), text);
+}
+
 }  // namespace
 }  // namespace quorin
