@@ -143,7 +143,7 @@ public:
             return;
         FormatSettings plain = settings;
         plain.usesGroups = false;
-        multiples.emplace("en", plain, digits);
+        multiples = std::make_unique<IcuFormat>("en", plain, digits);
         plain = settings;
         plain.increment = 0;
         format = IcuFormat(locale.identifier(), plain, shownDigits);
@@ -160,7 +160,8 @@ public:
 
 private:
     IcuFormat format;
-    std::optional<IcuFormat> multiples;  // of an increment with more digits than the style shows
+    // Only for an increment with more digits than the style shows.
+    std::unique_ptr<const IcuFormat> multiples;
 };
 
 /// The writers in use on a thread, kept because opening ICU's formats takes thirty times as long
