@@ -32,8 +32,12 @@ void complain(std::string_view message) {
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
+void sendLinesAtOnce() { std::setvbuf(stdout, nullptr, _IOLBF, 0); }
+
+bool isOutputBroken() { return std::ferror(stdout) != 0; }
+
 bool finishOutput() {
-    const bool wasBroken = std::ferror(stdout) != 0;
+    const bool wasBroken = isOutputBroken();
     if (std::fflush(stdout) == 0 && !wasBroken)
         return true;
     complain(std::string("standard output: ").append(std::strerror(errno)));

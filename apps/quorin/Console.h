@@ -8,6 +8,13 @@ namespace quorin::app {
 /// Sends text to standard output.
 void print(std::string_view text);
 
+/// From now on each line goes off when it ends, into a pipe too. To be called before anything is
+/// printed.
+void sendLinesAtOnce();
+
+/// Whether standard output did not take something; `finishOutput` will say so.
+bool isOutputBroken();
+
 /// Sends "quorin: `message`" to standard error, in one line whatever a file or an id is called.
 void complain(std::string_view message);
 

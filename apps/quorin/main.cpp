@@ -59,6 +59,7 @@ void describe(CLI::App& program) {
         "  quorin device                         which machine this is\n"
         "  quorin digest icon.svg                whether files are the same\n"
         "  quorin reach example.org              whether there is a way to a host\n"
+        "  quorin watch icon.svg                 a picture that keeps up with the drawing\n"
         "\n"
         "A drawing is an .svg file or the .json that convert writes. Each command has a --help\n"
         "of its own. The exit code is 0 when all went well, 1 for input that cannot be used, and\n"
@@ -77,6 +78,7 @@ void describe(CLI::App& program) {
     addDeviceCommand(program);
     addDigestCommand(program);
     addReachCommand(program);
+    addWatchCommand(program);
 }
 
 int obey(int argumentCount, char** arguments) {

@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <fstream>
 #include <iterator>
 #include <utility>
@@ -44,6 +45,8 @@ RunningProgram::RunningProgram(const std::vector<std::string>& words, int output
     }
     posix_spawn_file_actions_destroy(&actions);
 }
+
+void RunningProgram::sendSignal(int signal) const { EXPECT_EQ(kill(process, signal), 0); }
 
 int RunningProgram::waitForExit() {
     int status = 0;

@@ -37,6 +37,7 @@ public:
     RunningProgram& operator=(const RunningProgram&) = delete;
     ~RunningProgram() { waitForExit(); }
 
+    void sendSignal(int signal) const;
     /// The exit code, -1 when a signal ended it.
     int waitForExit();
 

@@ -1,9 +1,7 @@
-#include <poll.h>
 #include <pty.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <chrono>
 #include <fstream>
 #include <thread>
@@ -11,12 +9,14 @@
 
 #include "tests/TestSupport.h"
 #include "tests/apps/Drawings.h"
+#include "tests/apps/OutputReader.h"
 #include "tests/apps/ProgramRun.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorin {
 namespace {
 
+using test::OutputReader;
 using test::RunningProgram;
 using test::TemporaryFolder;
 using testing::EndsWith;
@@ -25,7 +25,10 @@ using testing::HasSubstr;
 /// A terminal that a program writes to, seen from the other side.
 class Terminal {
 public:
-    Terminal() { EXPECT_EQ(openpty(&screen, &_line, nullptr, nullptr, nullptr), 0); }
+    Terminal() {
+        EXPECT_EQ(openpty(&screen, &_line, nullptr, nullptr, nullptr), 0);
+        reader = OutputReader(screen);
+    }
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
     ~Terminal() {
@@ -39,24 +42,12 @@ public:
         if (_line >= 0)
             close(std::exchange(_line, -1));
     }
-    /// Everything that was written, up to `text` or, failing that, the end.
-    const std::string& readUntil(const std::string& text) {
-        constexpr int patience = 20'000;  // milliseconds, for the slowest of machines
-        pollfd waiting{screen, POLLIN, 0};
-        while (written.find(text) == std::string::npos && poll(&waiting, 1, patience) == 1) {
-            std::array<char, 256> buffer;
-            const ssize_t count = read(screen, buffer.data(), buffer.size());
-            if (count <= 0)
-                break;
-            written.append(buffer.data(), static_cast<std::size_t>(count));
-        }
-        return written;
-    }
-    const std::string& readToTheEnd() { return readUntil(std::string(1, '\0')); }
+    const std::string& readUntil(const std::string& text) { return reader.readUntil(text); }
+    const std::string& readToTheEnd() { return reader.readToTheEnd(); }
 
 private:
     int screen = -1, _line = -1;
-    std::string written;
+    OutputReader reader{-1};
 };
 
 class Progress : public testing::Test {
