@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <system_error>
 #include <utility>
 
 #include "quorin/platform/foundation/UTF8.h"
+#include "quorin/platform/values/NumberReading.h"
 
 namespace quorin {
 namespace {
@@ -21,27 +23,6 @@ std::string_view numberRun(std::string_view text, std::size_t at) {
     const auto end = std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(),
                                       isPartOfNumber);
     return text.substr(at, static_cast<std::size_t>(end - text.begin()) - at);
-}
-
-/// Of a number that no double comes near: whether it is too large rather than too small, which
-/// the power of ten of its first digit shows.
-bool isTooLarge(std::string_view run) {
-    const std::string_view mantissa = run.substr(0, run.find_first_of("eE"));
-    const std::size_t first = mantissa.find_first_of("123456789");
-    if (first == std::string_view::npos)
-        return false;
-    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
-    std::int64_t exponent = 0;
-    if (mantissa.size() < run.size()) {
-        const bool isNegative = run[mantissa.size() + 1] == '-';
-        const std::size_t digits = run.find_first_of("0123456789", mantissa.size());
-        std::uint32_t magnitude = 0;
-        if (std::from_chars(run.data() + digits, run.data() + run.size(), magnitude).ec !=
-            std::errc())
-            return !isNegative;
-        exponent = isNegative ? -std::int64_t{magnitude} : std::int64_t{magnitude};
-    }
-    return static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first) + exponent > 0;
 }
 
 /// Reads from front to back and throws a `JSONSyntaxError` at the first fault. Keeps its own stack,
@@ -162,9 +143,8 @@ private:
         if (at != start + run.size())
             failAt(start, "malformed number");
         double value = 0;
-        const auto result = std::from_chars(run.data(), run.data() + run.size(), value);
-        // Too small a number is out of range as well, and reads as zero.
-        if (result.ec == std::errc::result_out_of_range && isTooLarge(run))
+        readDecimal(run.substr(run.starts_with('-') ? 1 : 0), std::chars_format::general, value);
+        if (std::isinf(value))
             failAt(start, "number too large for a double");
     }
 

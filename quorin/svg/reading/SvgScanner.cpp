@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <system_error>
+#include <cmath>
+
+#include "quorin/platform/values/NumberReading.h"
 
 namespace quorin {
 namespace {
@@ -11,22 +13,6 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool isWordCharacter(char c) {
     return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-' || c == '_';
-}
-
-/// Whether digits out of a double's range stand for something below 1. `std::from_chars` does not
-/// tell too small from too large.
-bool isTiny(std::string_view digits) {
-    const std::size_t exponentAt = std::min(digits.find_first_of("eE"), digits.size());
-    const std::string_view mantissa = digits.substr(0, exponentAt);
-    const auto point = static_cast<std::ptrdiff_t>(std::min(mantissa.find('.'), mantissa.size()));
-    const auto leading = static_cast<std::ptrdiff_t>(mantissa.find_first_of("123456789"));
-
-    const bool isNegative = exponentAt + 1 < digits.size() && digits[exponentAt + 1] == '-';
-    std::ptrdiff_t exponent = 0;
-    for (const char c : digits.substr(exponentAt))
-        if (isDigit(c) && exponent < 1'000'000'000'000)
-            exponent = exponent * 10 + (c - '0');
-    return (isNegative ? -exponent : exponent) + point - leading < 0;
 }
 
 }  // namespace
@@ -68,23 +54,12 @@ bool SvgScanner::take(char c) {
 std::optional<CGFloat> SvgScanner::number() {
     const std::string_view here = rest();
     const bool hasSign = !here.empty() && (here[0] == '+' || here[0] == '-');
-    const std::string_view digits = here.substr(hasSign ? 1 : 0);
-    // Without a digit at its start, from_chars would go on to read "inf" or a second sign.
-    const bool hasDigit =
-        !digits.empty() &&
-        (isDigit(digits[0]) || (digits[0] == '.' && digits.size() > 1 && isDigit(digits[1])));
-    if (!hasDigit)
-        return std::nullopt;
-
     CGFloat value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    const auto length = static_cast<std::size_t>(end - digits.data());
-    if (error == std::errc::result_out_of_range) {
-        if (!isTiny(digits.substr(0, length)))
-            return std::nullopt;
-        value = 0;
-    }
-    position += length + (hasSign ? 1 : 0);
+    const std::size_t size =
+        readDecimal(here.substr(hasSign ? 1 : 0), std::chars_format::general, value);
+    if (size == 0 || std::isinf(value))
+        return std::nullopt;
+    position += size + (hasSign ? 1 : 0);
     return here[0] == '-' ? -value : value;
 }
 
