@@ -162,7 +162,9 @@ void NSViewController::dismissViewController(NSViewController& controller) {
     if (controller.presentingViewController().get() != this)
         fatalError(controller.description().append(" is not presented by ").append(description()));
     const auto sheet = controller.view()->window();
-    sheet->sheetParent()->endSheet(sheet);
+    if (const auto window = sheet ? sheet->sheetParent() : nullptr)
+        window->endSheet(sheet);
+    controller._presentingViewController.reset();  // the sheet may have gone with its window
 }
 
 void NSViewController::dismissController(NSObject*) {

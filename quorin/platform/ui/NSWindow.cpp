@@ -92,6 +92,7 @@ void NSWindow::setContentView(const std::shared_ptr<NSView>& view) {
 }
 
 void NSWindow::setContentViewController(const std::shared_ptr<NSViewController>& controller) {
+    const auto replaced = _contentViewController;  // hears that its view goes
     changeValues({"contentViewController"}, [&] { _contentViewController = controller; });
     if (!controller)
         return;

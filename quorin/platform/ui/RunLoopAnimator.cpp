@@ -21,6 +21,8 @@ struct RunLoopAnimator::State {
         const double now = CACurrentMediaTime();
         const auto snapshot = animations;
         for (const auto& each : snapshot) {
+            if (!timer.isActive())
+                return;
             const double progress = std::min(1.0, (now - each->begin) / each->duration);
             if (progress == 1)
                 std::erase(animations, each);

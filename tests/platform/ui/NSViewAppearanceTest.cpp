@@ -83,6 +83,15 @@ TEST_F(NSViewAppearanceTest, followsTheContentOfAWindow) {
                                               "one viewDidDisappear", "two viewDidAppear"));
 }
 
+TEST_F(NSViewAppearanceTest, reachesAControllerThatOnlyTheWindowHeld) {
+    window->setContentViewController(noting("one"));
+    window->orderFront();
+    taken();
+    window->setContentViewController(noting("two"));
+    EXPECT_THAT(taken(), testing::ElementsAre("one viewWillDisappear", "two viewWillAppear",
+                                              "one viewDidDisappear", "two viewDidAppear"));
+}
+
 TEST_F(NSViewAppearanceTest, endsWithTheWindow) {
     const auto controller = noting("child");
     window->contentView()->addSubview(controller->view());

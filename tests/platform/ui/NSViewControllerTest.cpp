@@ -172,6 +172,17 @@ TEST(NSViewController, isPresentedInASheetUntilItIsDismissed) {
     presented->dismissController(nullptr);
 }
 
+TEST(NSViewController, canBeDismissedAfterItsSheetHasGoneWithTheWindow) {
+    auto window = NSWindow::create();
+    const auto presenting = controllerOf();
+    window->setContentViewController(presenting);
+    const auto presented = controllerOf();
+    presenting->presentAsSheet(presented);
+    window.reset();
+    presented->dismissController(nullptr);
+    EXPECT_EQ(presented->presentingViewController(), nullptr);
+}
+
 TEST(NSViewControllerDeathTest, cannotBeItsOwnChild) {
     const auto parent = controllerOf();
     const auto child = controllerOf();

@@ -61,7 +61,7 @@ TEST(RunLoopAnimator, completesNothingAfterItsEnd) {
 }
 
 TEST(RunLoopAnimator, mayEndInACompletion) {
-    auto animator = std::make_unique<RunLoopAnimator>(0.001);
+    auto animator = std::make_unique<RunLoopAnimator>(0.02);
     bool isOtherCompleted = false;
     animator->animate(
         0.005, [](double) {},
@@ -70,9 +70,9 @@ TEST(RunLoopAnimator, mayEndInACompletion) {
             RunLoop::current()->stop();
         });
     animator->animate(
-        1000, [](double) {}, [&] { isOtherCompleted = true; });
+        0.001, [](double) {}, [&] { isOtherCompleted = true; });  // due as well
     EXPECT_EQ(RunLoop::current()->run(patience), RunLoopResult::stopped);
-    RunLoop::current()->run(0.02);
+    RunLoop::current()->run(0.05);
     EXPECT_EQ(animator, nullptr);
     EXPECT_FALSE(isOtherCompleted);
 }
