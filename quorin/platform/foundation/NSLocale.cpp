@@ -41,7 +41,7 @@ bool isKnown(const std::string& language) {
 }
 
 std::string knownIdentifier(std::string_view identifier) {
-    const std::string name(identifier.substr(0, identifier.find_first_of(".@")));
+    const std::string name(identifier);  // ICU stops at an encoding and skips a modifier
     std::string known = part(name, uloc_getLanguage);
     if (!isKnown(known))
         return std::string(fallback);

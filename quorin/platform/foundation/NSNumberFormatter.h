@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "quorin/platform/foundation/NSLocale.h"
 #include "quorin/platform/values/NSNumber.h"
@@ -47,8 +48,9 @@ public:
     bool usesGroupingSeparator() const { return _usesGroupingSeparator; }
     void setUsesGroupingSeparator(bool uses) { _usesGroupingSeparator = uses; }
 
-    /// Numbers are rounded to a multiple of it before anything else. 0, the default, is for none,
-    /// and so are negative numbers and those that are not finite.
+    /// Numbers are rounded to a multiple of it, then to the digits of the style. 0, the default, is
+    /// for none; so are negative numbers, those that are not finite, and those of at most half a
+    /// unit of the last digit. A number too large to be divided by it is shown as it is.
     double roundingIncrement() const { return _roundingIncrement; }
     void setRoundingIncrement(double increment) { _roundingIncrement = increment; }
 
@@ -57,6 +59,8 @@ public:
     NSNumberFormatterRoundingMode roundingMode() const { return _roundingMode; }
     void setRoundingMode(NSNumberFormatterRoundingMode mode) { _roundingMode = mode; }
 
+    /// Also of infinities and NaN, as ICU has them in the locale. Nothing if ICU fails, which is
+    /// not known to happen.
     std::optional<std::string> string(double number) const;
 
     /// The number that the text is as a whole; groups and white space around it are allowed in
