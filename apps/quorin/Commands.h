@@ -22,6 +22,7 @@ void addSpringCommand(CLI::App& program);
 void addDeviceCommand(CLI::App& program);
 void addDigestCommand(CLI::App& program);
 void addReachCommand(CLI::App& program);
+void addFieldCommand(CLI::App& program);
 void addScreensCommand(CLI::App& program);
 void addWatchCommand(CLI::App& program);
 

@@ -59,6 +59,7 @@ void describe(CLI::App& program) {
         "  quorin device                         which machine this is\n"
         "  quorin digest icon.svg                whether files are the same\n"
         "  quorin reach example.org              whether there is a way to a host\n"
+        "  quorin field --transformer NumberTransformer 12*2    what a field makes of it\n"
         "  quorin screens                        the device screens of new documents\n"
         "  quorin watch icon.svg                 a picture that keeps up with the drawing\n"
         "\n"
@@ -79,6 +80,7 @@ void describe(CLI::App& program) {
     addDeviceCommand(program);
     addDigestCommand(program);
     addReachCommand(program);
+    addFieldCommand(program);
     addScreensCommand(program);
     addWatchCommand(program);
 }
