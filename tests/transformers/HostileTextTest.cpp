@@ -1,6 +1,6 @@
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
+#include <cstddef>
 #include <limits>
 #include <random>
 
@@ -12,7 +12,7 @@
 namespace quorin {
 namespace {
 
-constexpr int textCount = 10'000;
+constexpr std::size_t textCount = 10'000;
 
 /// The same texts in each run: from arithmetic that is nearly right to arbitrary bytes.
 class TextSource {
@@ -68,7 +68,7 @@ void readHostileTexts(const char* className, const Promise& holds) {
     const NSLocale locales[] = {NSLocale("en_US"), NSLocale("de_DE"), NSLocale("fr_FR"),
                                 NSLocale("sv_SE"), NSLocale("hi_IN"), NSLocale("C")};
     TextSource texts;
-    for (int i = 0; i < textCount; ++i) {
+    for (std::size_t i = 0; i < textCount; ++i) {
         const NSLocale::CurrentScope scope(locales[i % std::size(locales)]);
         const std::string text = texts.next();
         const Value value = transformer->reverseTransformedValue(text);
