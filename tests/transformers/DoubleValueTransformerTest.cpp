@@ -7,6 +7,7 @@
 #include "quorin/platform/foundation/NSLocale.h"
 #include "quorin/platform/foundation/PlatformException.h"
 #include "tests/TestSupport.h"
+#include "tests/support/AllocationCount.h"
 
 namespace quorin {
 namespace {
@@ -83,6 +84,14 @@ TEST_F(CalcNumber, bearsParenthesesOnlySoDeep) {
     };
     EXPECT_THAT(calcNumber(nested(256)).asDouble(), Optional(1.0));
     EXPECT_EQ(calcNumber(nested(257)), Value(nested(257)));
+}
+
+TEST_F(CalcNumber, allocatesNothingForWhatPeopleType) {
+    const Value typed = "(1,024*2+(10+5)/3)*-(7-0.125)/(1,000+24)";
+    ASSERT_NE(calcNumber(typed).asNumber(), std::nullopt);
+    const std::size_t before = test::allocationCount();
+    (void)calcNumber(typed);
+    EXPECT_EQ(test::allocationCount(), before);
 }
 
 TEST_F(CalcNumber, readsLongTexts) {
