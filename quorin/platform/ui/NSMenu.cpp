@@ -67,10 +67,9 @@ void NSMenu::insertItem(const std::shared_ptr<NSMenuItem>& item, std::size_t at)
         refuseIndex(at, _items.size());
     if (item->menu())
         fatalError(quoted(*item).append(" is in a menu already"));
-    changeItems(NSKeyValueChange::insertion, {at}, [&] {
-        _items.insert(_items.begin() + static_cast<std::ptrdiff_t>(at), item);
-        item->_menu = std::static_pointer_cast<NSMenu>(shared_from_this());
-    });
+    Items items = _items;
+    items.insert(items.begin() + static_cast<std::ptrdiff_t>(at), item);
+    changeItems(NSKeyValueChange::insertion, {at}, items);
 }
 
 void NSMenu::removeItem(const NSMenuItem& item) {
@@ -81,11 +80,11 @@ void NSMenu::removeItem(const NSMenuItem& item) {
 }
 
 void NSMenu::removeItemAt(std::size_t index) {
-    const auto removed = itemAt(index);
-    changeItems(NSKeyValueChange::removal, {index}, [&] {
-        removed->_menu.reset();
-        _items.erase(_items.begin() + static_cast<std::ptrdiff_t>(index));
-    });
+    if (index >= _items.size())
+        refuseIndex(index, _items.size());
+    Items items = _items;
+    items.erase(items.begin() + static_cast<std::ptrdiff_t>(index));
+    changeItems(NSKeyValueChange::removal, {index}, items);
 }
 
 void NSMenu::removeAllItems() {
@@ -93,21 +92,25 @@ void NSMenu::removeAllItems() {
         return;
     std::vector<std::size_t> all(_items.size());
     std::iota(all.begin(), all.end(), 0);
-    changeItems(NSKeyValueChange::removal, std::move(all), [&] {
-        for (const auto& item : _items)
-            item->_menu.reset();
-        _items.clear();
-    });
+    changeItems(NSKeyValueChange::removal, std::move(all), {});
 }
 
 void NSMenu::changeItems(NSKeyValueChange kind, std::vector<std::size_t> indexes,
-                         FunctionRef<void()> change) {
+                         const Items& items) {
     const auto places = NSIndexSet::create(std::move(indexes));
-    willChange(kind, places, "items");
-    change();
+    const auto change = [&] {
+        willChange(kind, places, "items");
+        for (const auto& item : _items)
+            item->_menu.reset();
+        _items = items;
+        for (const auto& item : _items)
+            item->_menu = std::static_pointer_cast<NSMenu>(shared_from_this());
+        didChange(kind, places, "items");
+    };
     if (owner)
-        owner->menuDidChangeItems();
-    didChange(kind, places, "items");
+        owner->menuChanges(items, change);
+    else
+        change();
 }
 
 }  // namespace quorin

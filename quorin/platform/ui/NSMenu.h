@@ -47,20 +47,22 @@ public:
 private:
     friend class NSPopUpButton;
 
-    /// Told while the change of the items is being announced.
+    using Items = std::vector<std::shared_ptr<NSMenuItem>>;
+
+    /// Has a say around a change of the items.
     class Owner {
     public:
-        virtual void menuDidChangeItems() = 0;
+        /// Runs `change`, which announces the change and makes these the items.
+        virtual void menuChanges(const Items& items, FunctionRef<void()> change) = 0;
 
     protected:
         ~Owner() = default;
     };
 
-    void changeItems(NSKeyValueChange kind, std::vector<std::size_t> indexes,
-                     FunctionRef<void()> change);
+    void changeItems(NSKeyValueChange kind, std::vector<std::size_t> indexes, const Items& items);
 
     std::string _title;
-    std::vector<std::shared_ptr<NSMenuItem>> _items;
+    Items _items;
     Owner* owner = nullptr;  // the pop-up button that shows the menu, which takes itself out
 };
 

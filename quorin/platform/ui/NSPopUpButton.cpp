@@ -1,10 +1,22 @@
 #include "quorin/platform/ui/NSPopUpButton.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "quorin/platform/values/FatalError.h"
 
 namespace quorin {
+namespace {
+
+std::optional<std::size_t> placeOf(const std::shared_ptr<NSMenuItem>& item,
+                                   const std::vector<std::shared_ptr<NSMenuItem>>& items) {
+    const auto found = std::find(items.begin(), items.end(), item);
+    if (found == items.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - items.begin());
+}
+
+}  // namespace
 
 void NSPopUpButton::declareKeys(NSKeyList<NSPopUpButton>& keys) {
     keys.reportingProperty("menu", &NSPopUpButton::menu, &NSPopUpButton::setMenu)
@@ -32,12 +44,11 @@ void NSPopUpButton::setMenu(const std::shared_ptr<NSMenu>& menu) {
         fatalError(std::string("the menu \"")
                        .append(menu->title())
                        .append("\" is shown by another pop-up button"));
-    changeValues({"menu"}, [&] {
+    isEmptyOnPurpose = false;
+    select(selectionAmong(menu->items()), menu->items(), {"menu"}, [&] {
         _menu->owner = nullptr;
         _menu = menu;
         _menu->owner = this;
-        isEmptyOnPurpose = false;
-        menuDidChangeItems();
     });
 }
 
@@ -46,7 +57,7 @@ std::shared_ptr<NSMenuItem> NSPopUpButton::lastItem() const {
 }
 
 std::optional<std::size_t> NSPopUpButton::indexOfSelectedItem() const {
-    return _selectedItem ? _menu->indexOf(*_selectedItem) : std::nullopt;
+    return placeOf(_selectedItem, _menu->items());
 }
 
 std::string NSPopUpButton::titleOfSelectedItem() const {
@@ -59,7 +70,7 @@ void NSPopUpButton::selectItem(const std::shared_ptr<NSMenuItem>& item) {
                        .append(item->title())
                        .append("\" is not in the pop-up button's menu"));
     isEmptyOnPurpose = !item;
-    select(item);
+    select(item, _menu->items(), {}, [] {});
 }
 
 void NSPopUpButton::selectItemAt(std::optional<std::size_t> index) {
@@ -74,18 +85,28 @@ bool NSPopUpButton::choose(std::size_t index) {
     return item->performAction();
 }
 
-void NSPopUpButton::menuDidChangeItems() {
-    if (_selectedItem && _selectedItem->menu() == _menu)
-        return;
-    if (_menu->items().empty())
-        isEmptyOnPurpose = false;
-    select(_menu->items().empty() || isEmptyOnPurpose ? nullptr : _menu->items().front());
+void NSPopUpButton::menuChanges(const Items& items, FunctionRef<void()> change) {
+    select(selectionAmong(items), items, {}, change);
 }
 
-void NSPopUpButton::select(std::shared_ptr<NSMenuItem> item) {
-    if (item == _selectedItem)
-        return;
-    changeValues({"selectedItem", "selectedIndex"}, [&] { _selectedItem = std::move(item); });
+std::shared_ptr<NSMenuItem> NSPopUpButton::selectionAmong(const Items& items) {
+    if (items.empty())
+        isEmptyOnPurpose = false;
+    if (items.empty() || isEmptyOnPurpose)
+        return nullptr;
+    return placeOf(_selectedItem, items) ? _selectedItem : items.front();
+}
+
+void NSPopUpButton::select(const std::shared_ptr<NSMenuItem>& item, const Items& items,
+                           std::vector<std::string> keys, FunctionRef<void()> change) {
+    if (item != _selectedItem)
+        keys.insert(keys.end(), {"selectedItem", "selectedIndex"});
+    else if (placeOf(item, items) != indexOfSelectedItem())
+        keys.emplace_back("selectedIndex");
+    changeValues(keys, [&] {
+        _selectedItem = item;
+        change();
+    });
 }
 
 }  // namespace quorin

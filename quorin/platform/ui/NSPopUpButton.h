@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "quorin/platform/ui/NSMenu.h"
 #include "quorin/platform/ui/NSView.h"
@@ -15,7 +16,9 @@ namespace quorin {
 /// After nothing was selected on purpose, it stays so until the menu is empty.
 ///
 /// Selecting changes what is shown, choosing is what the user does. Whoever shows the button
-/// observes "menu", "selectedItem" and "selectedIndex", and the keys of the menu.
+/// observes "menu", "selectedItem" and "selectedIndex", and the keys of the menu. When items come
+/// or go, the menu tells first, and then the button, if another item is selected now or the same
+/// one stands at another place.
 class NSPopUpButton : public NSView, private NSMenu::Owner {
 public:
     using Class = NSClassOf<NSPopUpButton, NSView>;
@@ -51,8 +54,14 @@ public:
     bool choose(std::size_t index);
 
 private:
-    void menuDidChangeItems() override;
-    void select(std::shared_ptr<NSMenuItem> item);
+    using Items = std::vector<std::shared_ptr<NSMenuItem>>;
+
+    void menuChanges(const Items& items, FunctionRef<void()> change) override;
+    /// Selects an item of these, announcing what changes around `change`, by which they come to
+    /// stand in the menu.
+    void select(const std::shared_ptr<NSMenuItem>& item, const Items& items,
+                std::vector<std::string> keys, FunctionRef<void()> change);
+    std::shared_ptr<NSMenuItem> selectionAmong(const Items& items);
 
     std::shared_ptr<NSMenu> _menu;
     std::shared_ptr<NSMenuItem> _selectedItem;

@@ -137,6 +137,83 @@ TEST_F(NSPopUpButtonTest, hasLetGoOfARemovedItemWhenObserversOfItsMenuAreTold) {
     EXPECT_EQ(shown, "two");
 }
 
+/// What observers of the button and of its menu are told, in order, and what is selected then.
+struct ToldByBoth {
+    explicit ToldByBoth(const std::shared_ptr<NSPopUpButton>& button)
+        : selected(*button), menu(button->menu()) {
+        const auto options =
+            NSKeyValueObservingOptions::oldValue | NSKeyValueObservingOptions::newValue;
+        for (const char* key : {"menu", "selectedItem", "selectedIndex"})
+            button->addObserver(*observer, key, options);
+        menu->addObserver(*observer, "items", options);
+        observer->then = [this] { shown.push_back(selected.indexOfSelectedItem()); };
+    }
+    std::vector<std::string> keys() {
+        auto keys = test::toldKeys(*observer);
+        observer->told.clear();
+        return keys;
+    }
+
+    NSPopUpButton& selected;
+    std::shared_ptr<NSMenu> menu;
+    std::shared_ptr<test::Recorder> observer = makeObject<test::Recorder>();
+    std::vector<std::optional<std::size_t>> shown;
+};
+
+TEST_F(NSPopUpButtonTest, tellsOfItsSelectionAfterTheMenuHasToldOfItsItems) {
+    ToldByBoth told(button);
+    addHeader("one");
+    EXPECT_THAT(told.keys(), testing::ElementsAre("items", "selectedItem", "selectedIndex"));
+    EXPECT_THAT(told.shown, testing::Each(std::optional<std::size_t>(0)));
+    addHeader("two");
+    EXPECT_THAT(told.keys(), testing::ElementsAre("items"));
+    menu().removeItemAt(0);
+    EXPECT_EQ(told.observer->lastOld(), Value(0));
+    EXPECT_THAT(told.keys(), testing::ElementsAre("items", "selectedItem", "selectedIndex"));
+    button->removeAllItems();
+    EXPECT_EQ(told.observer->lastOld(), Value(0));
+    EXPECT_EQ(told.shown.back(), std::nullopt);
+    EXPECT_THAT(told.keys(), testing::ElementsAre("items", "selectedItem", "selectedIndex"));
+}
+
+TEST_F(NSPopUpButtonTest, tellsWhereTheSelectedItemStandsWhenOthersComeOrGoBeforeIt) {
+    addHeader("selected");
+    ToldByBoth told(button);
+    menu().insertItem(NSMenuItem::create("new", std::nullopt), 0);
+    EXPECT_EQ(told.observer->lastOld(), Value(0));
+    EXPECT_EQ(told.observer->lastNew(), Value(1));
+    EXPECT_THAT(told.keys(), testing::ElementsAre("items", "selectedIndex"));
+    menu().removeItemAt(0);
+    EXPECT_EQ(told.observer->lastOld(), Value(1));
+    EXPECT_EQ(told.observer->lastNew(), Value(0));
+    EXPECT_THAT(told.keys(), testing::ElementsAre("items", "selectedIndex"));
+    EXPECT_EQ(button->titleOfSelectedItem(), "selected");
+}
+
+TEST_F(NSPopUpButtonTest, tellsOfAnotherMenuBeforeTheSelectionThere) {
+    addHeader("one");
+    ToldByBoth told(button);
+    const auto other = NSMenu::create();
+    other->addItem("first", std::nullopt);
+    button->setMenu(other);
+    EXPECT_THAT(told.keys(), testing::ElementsAre("menu", "selectedItem", "selectedIndex"));
+    button->setMenu(NSMenu::create());
+    EXPECT_THAT(told.keys(), testing::ElementsAre("menu", "selectedItem", "selectedIndex"));
+    button->setMenu(NSMenu::create());
+    EXPECT_THAT(told.keys(), testing::ElementsAre("menu"));
+    EXPECT_EQ(button->selectedItem(), nullptr);
+}
+
+TEST_F(NSPopUpButtonTest, tellsItemsOfTheSameTitleApart) {
+    for (int i = 0; i < 3; ++i)
+        addCommand("same");
+    EXPECT_TRUE(button->choose(2));
+    EXPECT_EQ(button->indexOfSelectedItem(), 2u);
+    menu().removeItemAt(1);
+    EXPECT_EQ(button->indexOfSelectedItem(), 1u);
+    EXPECT_THAT(target->senders, testing::ElementsAre(menu().itemAt(1).get()));
+}
+
 TEST_F(NSPopUpButtonTest, showsAnotherMenuFromItsFirstItemOn) {
     addHeader("old");
     const auto old = button->menu();
