@@ -22,13 +22,15 @@ public:
     void setDuration(double duration) { _duration = duration; }
 
     /// Calls `changes`, and `completionHandler` when all that was begun there has come to its end,
-    /// groupings inside included: before this returns if nothing takes time.
+    /// groupings inside included: before this returns if nothing takes time. When `changes` throws,
+    /// the handler is not called.
     static void runAnimationGroup(FunctionRef<void(NSAnimationContext&)> changes,
                                   std::function<void()> completionHandler = {});
 
     /// Has the application's animator call `step` with a progress from 0 to 1 for the duration of
     /// the current grouping, and `completion` in the end. Without an animator, or for a duration
-    /// that is not positive, that is done at once.
+    /// that is not positive, the end comes at once. So it does when the animator ends, or lets go
+    /// of what it was given: nothing stays halfway, and neither function may throw then.
     static void animate(std::function<void(double progress)> step,
                         std::function<void()> completion);
 

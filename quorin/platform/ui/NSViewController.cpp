@@ -76,6 +76,8 @@ void NSViewController::setView(const std::shared_ptr<NSView>& view) {
     _view = view;
     if (_view)
         _view->viewController = self();
+    else
+        didViewLoad = false;
 }
 
 void NSViewController::loadView() {

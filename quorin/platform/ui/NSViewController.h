@@ -47,7 +47,8 @@ public:
 
     /// Loaded when it is asked for the first time, which is when `viewDidLoad` is called.
     const std::shared_ptr<NSView>& view();
-    /// A view that is another controller's stops the process.
+    /// A view that is another controller's stops the process. After null, the view is loaded again
+    /// when it is asked for.
     void setView(const std::shared_ptr<NSView>& view);
     bool isViewLoaded() const { return _view != nullptr; }
     /// Sets the view: what the application's nib loader makes of the interface file, or an empty
@@ -82,10 +83,18 @@ public:
     /// appearance of both is over, and the handler is called. Stops the process unless both are
     /// children of this controller, and different ones.
     ///
-    /// Without a superview of the old view there is nothing to put anything into.
+    /// The place of a slide follows the old view when the layout moves that. A transition that one
+    /// of them still takes part in is brought to its end before this one begins. Without a
+    /// superview of the old view there is nothing to put anything into.
     void transition(const std::shared_ptr<NSViewController>& from,
                     const std::shared_ptr<NSViewController>& to, TransitionOptions options,
                     std::function<void()> completionHandler = {});
+    /// Whether a transition is taking the view out: what the user still does with it comes too
+    /// late.
+    bool isBeingReplaced() const;
+    /// Brings a transition of the view to its end at once, whichever way it goes. Nothing without
+    /// one.
+    void endTransition();
 
     /// The storyboard that the controller is a scene of; null for none.
     const std::shared_ptr<NSStoryboard>& storyboard() const { return _storyboard; }
@@ -102,7 +111,7 @@ public:
     void dismissViewController(NSViewController& controller);
     /// Has whoever presents this controller dismiss it; nothing if nobody does. An action, by the
     /// name "dismissController:".
-    void dismissController(NSObject* sender);
+    virtual void dismissController(NSObject* sender);
     std::shared_ptr<NSViewController> presentingViewController() const {
         return _presentingViewController.lock();
     }
@@ -110,6 +119,7 @@ public:
 private:
     friend class NSStoryboard;
     friend class ViewAppearance;
+    class Transition;
 
     enum class AppearanceStage : std::uint8_t { gone, coming, shown, going };
 
@@ -121,6 +131,7 @@ private:
     std::shared_ptr<NSView> _view;
     bool isAwake = false, isViewLoading = false, didViewLoad = false;
     AppearanceStage appearanceStage = AppearanceStage::gone;
+    std::weak_ptr<Transition> arrival, departure;  // while they take time
     std::optional<std::string> _title;
     Value _representedObject;
     std::weak_ptr<NSViewController> _parent;

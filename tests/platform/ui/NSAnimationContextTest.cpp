@@ -93,6 +93,47 @@ TEST_F(NSAnimationContextTest, isOverAtOnceWhenNothingTakesTime) {
     EXPECT_EQ(seen.back(), "no animator");
 }
 
+TEST_F(NSAnimationContextTest, comesToItsEndWhenTheAnimatorDoes) {
+    std::vector<double> steps;
+    NSAnimationContext::runAnimationGroup(
+        [&](NSAnimationContext&) {
+            NSAnimationContext::animate([&](double progress) { steps.push_back(progress); },
+                                        noting("one"));
+        },
+        noting("group"));
+    animator->step(0.5);
+    NSApplication::shared().setAnimator(nullptr);
+    EXPECT_THAT(seen, testing::IsEmpty());
+    animator.reset();
+    EXPECT_THAT(steps, testing::ElementsAre(0.5, 1));
+    EXPECT_THAT(seen, testing::ElementsAre("one", "group"));
+}
+
+TEST_F(NSAnimationContextTest, endsOnceThoughTheAnimatorEndsAfterwards) {
+    std::vector<double> steps;
+    NSAnimationContext::animate([&](double progress) { steps.push_back(progress); }, noting("one"));
+    NSApplication::shared().setAnimator(nullptr);
+    animator->finish();
+    animator.reset();
+    EXPECT_THAT(steps, testing::ElementsAre(1));
+    EXPECT_THAT(seen, testing::ElementsAre("one"));
+}
+
+TEST_F(NSAnimationContextTest, completesAroundAGroupingThatThrew) {
+    NSAnimationContext::runAnimationGroup(
+        [&](NSAnimationContext&) {
+            const auto fail = [&](NSAnimationContext&) {
+                animate("begun");
+                throw 5;
+            };
+            EXPECT_THROW(NSAnimationContext::runAnimationGroup(fail, noting("inner")), int);
+        },
+        noting("outer"));
+    EXPECT_THAT(seen, testing::IsEmpty());
+    animator->finish();
+    EXPECT_THAT(seen, testing::ElementsAre("begun", "outer"));
+}
+
 TEST_F(NSAnimationContextTest, isLeftWhenTheChangesThrow) {
     EXPECT_THROW(NSAnimationContext::runAnimationGroup([](NSAnimationContext& context) {
                      context.setDuration(5);

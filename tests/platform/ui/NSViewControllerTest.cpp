@@ -60,6 +60,18 @@ TEST(NSViewController, takesAViewThatWasSetForTheLoadedOne) {
     EXPECT_THAT(calls, testing::ElementsAre("viewDidLoad"));
 }
 
+TEST(NSViewController, loadsItsViewAgainAfterThatWasTakenAway) {
+    std::vector<std::string> calls;
+    const auto controller = makeObject<NotingController>("", calls);
+    const std::weak_ptr<NSView> first = controller->view();
+    controller->setView(nullptr);
+    EXPECT_FALSE(controller->isViewLoaded());
+    EXPECT_TRUE(first.expired());
+    calls.clear();
+    EXPECT_NE(controller->view(), nullptr);
+    EXPECT_THAT(calls, testing::ElementsAre("loadView", "viewDidLoad"));
+}
+
 class Asking : public NSViewController {
 public:
     using Class = NSClassOf<Asking, NSViewController>;

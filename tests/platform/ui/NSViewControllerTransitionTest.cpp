@@ -188,6 +188,111 @@ TEST_F(NSViewControllerTransitionTest, bearsItsOldViewBeingTakenOutMeanwhile) {
     EXPECT_EQ(calls.back(), "completed");
 }
 
+TEST_F(NSViewControllerTransitionTest, followsTheOldViewToWhereTheLayoutPutsIt) {
+    const auto animator = byHand();
+    container->view()->pinToEdges(one->view());
+    container->view()->layoutSubtreeIfNeeded();
+    transition(Options::slideLeft);
+    animator->step(0.5);
+    window->setContentSize({400, 100});
+    animator->step(0.75);
+    EXPECT_EQ(one->view()->frame(), CGRectMake(-300, 0, 400, 100));
+    EXPECT_EQ(two->view()->frame(), CGRectMake(100, 0, 400, 100));
+    animator->finish();
+    EXPECT_EQ(one->view()->frame(), CGRectMake(0, 0, 400, 100));
+    EXPECT_EQ(two->view()->frame(), CGRectMake(0, 0, 400, 100));
+}
+
+TEST_F(NSViewControllerTransitionTest, letsTheOldViewDisappearWhenTheWindowHasComeMeanwhile) {
+    const auto animator = byHand();
+    window->orderOut();
+    transition(Options::slideLeft);
+    calls.clear();
+    window->orderFront();
+    EXPECT_THAT(calls, testing::ElementsAre("one viewWillAppear", "two viewWillAppear",
+                                            "one viewDidAppear", "two viewDidAppear"));
+    calls.clear();
+    animator->finish();
+    EXPECT_THAT(calls,
+                testing::ElementsAre("one viewWillDisappear", "one viewDidDisappear", "completed"));
+}
+
+TEST_F(NSViewControllerTransitionTest, isOverAtOnceWhenItIsEndedOrItsAnimatorEnds) {
+    for (const bool isEnded : {true, false}) {
+        auto animator = byHand();
+        transition(Options::slideLeft);
+        animator->step(0.25);
+        EXPECT_TRUE(one->isBeingReplaced());
+        EXPECT_FALSE(two->isBeingReplaced());
+        calls.clear();
+        if (isEnded) {
+            two->endTransition();
+        } else {
+            NSApplication::shared().setAnimator(nullptr);
+            animator = std::make_shared<HandAnimator>();
+        }
+        expectExchanged();
+        EXPECT_THAT(calls,
+                    testing::ElementsAre("one viewDidDisappear", "two viewDidAppear", "completed"));
+        EXPECT_FALSE(one->isBeingReplaced());
+        container->transition(two, one, Options::none);
+        calls.clear();
+        animator->finish();  // has nothing left to do
+        EXPECT_THAT(calls, testing::IsEmpty());
+        EXPECT_EQ(one->view()->frame(), place);
+        EXPECT_EQ(two->view()->superview(), nullptr);
+    }
+}
+
+TEST_F(NSViewControllerTransitionTest, bringsTheOneBeforeToItsEnd) {
+    const auto animator = byHand();
+    const auto three = makeObject<NotingController>("three", calls);
+    container->addChild(three);
+    transition(Options::slideLeft);
+    animator->step(0.5);
+    calls.clear();
+    container->transition(two, three, Options::slideRight);
+    EXPECT_EQ(calls[0], "one viewDidDisappear");
+    EXPECT_EQ(calls[1], "two viewDidAppear");
+    EXPECT_EQ(calls[2], "completed");
+    EXPECT_EQ(one->view()->superview(), nullptr);
+    EXPECT_EQ(two->view()->frame(), place);
+    EXPECT_EQ(three->view()->frame(), CGRectMake(-90, 20, 100, 50));
+    animator->finish();
+    EXPECT_EQ(two->view()->superview(), nullptr);
+    EXPECT_EQ(three->view()->frame(), place);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "completed"), 1);
+}
+
+TEST_F(NSViewControllerTransitionTest, comesBackOnItsWay) {
+    const auto animator = byHand();
+    transition(Options::slideLeft);
+    animator->step(0.5);
+    container->transition(two, one, Options::slideRight);
+    EXPECT_EQ(two->view()->frame(), place);
+    EXPECT_EQ(one->view()->frame(), CGRectMake(-90, 20, 100, 50));
+    animator->finish();
+    EXPECT_EQ(one->view()->frame(), place);
+    EXPECT_EQ(one->view()->superview(), container->view());
+    EXPECT_EQ(two->view()->superview(), nullptr);
+}
+
+TEST_F(NSViewControllerTransitionTest, outlivesItsContainerAndHoldsNothingAfterwards) {
+    const auto animator = byHand();
+    transition(Options::slideLeft);
+    const std::weak_ptr<NSViewController> from = one, to = two;
+    one.reset();
+    two.reset();
+    container.reset();
+    window.reset();
+    animator->step(0.5);
+    EXPECT_FALSE(from.expired());
+    animator->finish();
+    EXPECT_EQ(calls.back(), "completed");
+    EXPECT_TRUE(from.expired());
+    EXPECT_TRUE(to.expired());
+}
+
 using NSViewControllerTransitionDeathTest = NSViewControllerTransitionTest;
 
 TEST_F(NSViewControllerTransitionDeathTest, isBetweenTwoChildren) {
