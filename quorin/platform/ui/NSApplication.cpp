@@ -30,6 +30,8 @@ NSApplication::~NSApplication() = default;
 
 bool NSApplication::sendEvent(const std::shared_ptr<NSEvent>& event,
                               FunctionRef<void(NSEvent&)> deliver) {
+    if (!event)
+        fatalError("the application is sent no event");
     const auto outer = std::exchange(_currentEvent, event);
     ++eventsBeingHandled;
     const Finally endHandling([&] {

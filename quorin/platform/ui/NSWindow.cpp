@@ -155,7 +155,7 @@ void NSWindow::endSheet(const std::shared_ptr<NSWindow>& sheet, NSModalResponse 
     const auto kept = self();
     const Sheet ended = *found;
     changeValues({"sheets"}, [&] {
-        _sheets.erase(found);
+        std::erase_if(_sheets, [&](const Sheet& each) { return each.window == ended.window; });
         ended.window->_sheetParent.reset();
     });
     ended.window->orderOut();

@@ -51,6 +51,36 @@ TEST(NSApplication, keepsItsCountWhenAHandlerThrows) {
     EXPECT_EQ(application().currentEvent(), last);
 }
 
+TEST(NSApplication, keepsItsCountWhenAMonitorThrowsAndComesBackToTheOuterEvent) {
+    const auto outer = keyUp();
+    const auto inner = NSEvent::create(NSEventType::keyDown, {});
+    const auto token = NSEvent::addLocalMonitorForEvents(
+        NSEventTypeMask::keyDown, [](const auto&) -> std::shared_ptr<NSEvent> { throw 5; });
+    application().sendEvent(outer, [&](NSEvent&) {
+        EXPECT_THROW(application().sendEvent(inner), int);
+        EXPECT_EQ(application().currentEvent(), outer);
+    });
+    NSEvent::removeMonitor(token);
+    application().sendEvent(inner);
+    EXPECT_EQ(application().currentEvent(), inner);
+}
+
+TEST(NSApplication, comesBackToTheEventThatAMonitorPutInThePlaceOfAnother) {
+    const auto replacing = keyUp();
+    const auto token = NSEvent::addLocalMonitorForEvents(NSEventTypeMask::keyDown,
+                                                         [&](const auto&) { return replacing; });
+    application().sendEvent(NSEvent::create(NSEventType::keyDown, {}), [&](NSEvent& delivered) {
+        EXPECT_EQ(&delivered, replacing.get());
+        application().sendEvent(keyUp());
+        EXPECT_EQ(application().currentEvent(), replacing);
+    });
+    NSEvent::removeMonitor(token);
+}
+
+TEST(NSApplicationDeathTest, handlesNothingButEvents) {
+    EXPECT_DEATH(application().sendEvent(nullptr), "the application is sent no event");
+}
+
 TEST(NSApplication, sendsActionsToTheirTarget) {
     const auto target = makeObject<test::ActionTarget>();
     const auto sender = makeObject<NSMenuItem>();

@@ -80,6 +80,15 @@ TEST_F(NSLayoutConstraintTest, keepsTheEarlierOneOfTwoThatContradictEachOther) {
     EXPECT_EQ(a->frame(), CGRectMake(0, 2, 40, 20));
 }
 
+TEST_F(NSLayoutConstraintTest, leavesAViewNoNegativeSizeWhereThereIsNoRoom) {
+    constrain({"H:|-20-[a]-20-|", "V:|-5-[a][b(10)]-5-|"});
+    layOut(30, 12);
+    EXPECT_EQ(a->frame(), CGRectMake(20, 5, 0, 0));
+    EXPECT_EQ(b->frame().size.height, 10);
+    layOut(100, 120);
+    EXPECT_EQ(a->frame(), CGRectMake(20, 5, 60, 100));
+}
+
 TEST_F(NSLayoutConstraintTest, canBeWrittenWithoutAPicture) {
     using enum NSLayoutAttribute;
     const std::vector constraints = {

@@ -121,6 +121,45 @@ TEST(NSWindow, letsASheetWaitForTheOneBefore) {
     EXPECT_EQ(window->attachedSheet(), two);
 }
 
+TEST(NSWindow, endsTheRightSheetThoughAnObserverBeginsOthersBefore) {
+    const auto window = windowOf();
+    const auto sheet = windowOf();
+    window->beginSheet(sheet);
+    const auto observer = makeObject<test::Recorder>();
+    observer->then = [&] {
+        observer->then = nullptr;
+        for (int i = 0; i < 8; ++i)
+            window->beginSheet(windowOf());
+    };
+    window->addObserver(*observer, "sheets", NSKeyValueObservingOptions::prior);
+    window->endSheet(sheet);
+    EXPECT_EQ(window->sheets().size(), 8u);
+    EXPECT_EQ(sheet->sheetParent(), nullptr);
+    EXPECT_FALSE(sheet->isVisible());
+    window->removeObserver(*observer, "sheets");
+}
+
+TEST(NSWindow, canBeClosedByTheCompletionOfASheetWhichMayBeginAnotherOne) {
+    const auto window = windowOf();
+    const auto one = windowOf();
+    const auto two = windowOf();
+    const auto three = windowOf();
+    window->orderFront();
+    std::vector<std::string> calls;
+    window->beginSheet(one, [&](NSModalResponse) {
+        calls.push_back("one");
+        window->beginSheet(three, [&](NSModalResponse) { calls.push_back("three"); });
+        window->close();
+        calls.push_back("closed");
+    });
+    window->beginSheet(two, [&](NSModalResponse) { calls.push_back("two"); });
+    window->endSheet(one);
+    EXPECT_THAT(calls, testing::ElementsAre("one", "three", "two", "closed"));
+    EXPECT_THAT(window->sheets(), testing::IsEmpty());
+    for (const auto& each : {window, one, two, three})
+        EXPECT_FALSE(each->isVisible());
+}
+
 TEST(NSWindow, holdsItsSheetsWhichDoNotHoldIt) {
     auto window = windowOf();
     std::weak_ptr<NSWindow> sheet;

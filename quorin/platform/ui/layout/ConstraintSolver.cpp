@@ -1,5 +1,7 @@
 #include "quorin/platform/ui/layout/ConstraintSolver.h"
 
+#include <algorithm>
+
 namespace quorin {
 
 namespace {
@@ -56,7 +58,7 @@ void ConstraintSolver::solve(Axis axis) {
         span.complete();
         carryOn(axis);
         originAlong(frame, vertical) = *span.start;
-        extentAlong(frame, vertical) = *span.extent;
+        extentAlong(frame, vertical) = std::max(0.0, *span.extent);  // where there is no room
         subview->setFrame(frame);
     }
 }
