@@ -12,8 +12,10 @@ constexpr double slideDuration = 0.33;  // seconds
 
 void finishSlide(NSViewController& from, const std::shared_ptr<NSViewController>& to) {
     from.removeFromParent();
-    if (const auto outside = to->view()->superview())
+    if (const auto outside = to->view()->superview()) {
         outside->pinToEdges(to->view());
+        outside->layoutSubtreeIfNeeded();
+    }
     if (auto* child = dynamic_cast<SlideNavigationViewController*>(to.get()))
         child->transitionDidFinish();
 }
@@ -30,13 +32,20 @@ void PushPopSegue::perform() {
     const auto to = std::dynamic_pointer_cast<NSViewController>(destinationController());
     if (!from || !to)
         return;
-    if (_containerViewController)
+    // A second click on a page that slides away already is no second step, and one on a page that
+    // still comes in leads on from where that will stand.
+    if (!from->isBeingReplaced()) {
+        from->endTransition();
+        to->endTransition();
+    }
+    const bool goes = _containerViewController && !from->isBeingReplaced();
+    if (goes)
         _containerViewController->addChild(to);
     if (identifier().starts_with("push"))
         _option = NSViewController::TransitionOptions::slideLeft;
     else if (identifier().starts_with("pop"))
         _option = NSViewController::TransitionOptions::slideRight;
-    if (_containerViewController)
+    if (goes)
         slide(from, to);
 }
 

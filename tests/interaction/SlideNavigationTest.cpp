@@ -1,90 +1,16 @@
-#include <memory>
-#include <string>
-#include <vector>
-
-#include "quorin/interaction/PushPopSegue.h"
-#include "quorin/interaction/SlideNavigationContainerViewController.h"
-#include "quorin/interaction/SlideNavigationViewController.h"
 #include "quorin/platform/ui/NSAnimationContext.h"
-#include "quorin/platform/ui/NSApplication.h"
-#include "quorin/platform/ui/NSEmbedSegue.h"
-#include "quorin/platform/ui/NSStoryboard.h"
-#include "quorin/platform/ui/NSWindow.h"
-#include "tests/TestSupport.h"
-#include "tests/support/HandAnimator.h"
+#include "tests/interaction/SlidingPages.h"
+#include "tests/support/ToldKeys.h"
 
 namespace quorin {
 namespace {
 
+using SlideNavigationTest = test::SlidingPages;
+using test::Page;
+
 using Options = NSViewController::TransitionOptions;
-using test::HandAnimator;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-using Container = SlideNavigationContainerViewController;
-
-class Page : public SlideNavigationViewController {
-public:
-    using Class = NSClassOf<Page, SlideNavigationViewController>;
-
-    explicit Page(const std::string& name) { setTitle(name); }
-
-    void transitionDidFinish() override {
-        ++finishedTransitions;
-        wasShownAloneAtTheEnd = parent() && parent()->children().size() == 1;
-    }
-
-    int finishedTransitions = 0;
-    bool wasShownAloneAtTheEnd = false;
-};
-
-/// A window whose content is a container with a first page, and other pages to go to.
-struct SlideNavigationTest : testing::Test {
-    SlideNavigationTest() {
-        storyboard->registerScene("container", [] { return makeObject<Container>(); });
-        for (const char* name : {"one", "two"})
-            storyboard->registerScene(name, [name] { return makeObject<Page>(name); });
-        storyboard->registerScene("plain", [] { return makeObject<NSViewController>(); });
-        storyboard->registerSegue<NSEmbedSegue>("embed", "container", "one");
-        for (const char* identifier :
-             {"push", "push two", "pushing", "pop", "pop to it", "", "Push"})
-            storyboard->registerSegue<PushPopSegue>(identifier, "one", "two");
-        storyboard->registerSegue<PushPopSegue>("push plain", "one", "plain");
-        storyboard->registerSegue<NSStoryboardSegue>("show", "one", "two");
-
-        container =
-            std::dynamic_pointer_cast<Container>(storyboard->instantiateController("container"));
-        container->setEmbedSegueIdentifier("embed");
-        container->setRepresentedObject("document");
-        NSApplication::shared().setAnimator(animator);
-    }
-
-    ~SlideNavigationTest() override { NSApplication::shared().setAnimator(nullptr); }
-
-    void show() {
-        container->view()->setFrame(CGRectMake(0, 0, 300, 200));
-        window->setContentViewController(container);
-        window->orderFront();
-        one = std::dynamic_pointer_cast<Page>(container->children().at(0));
-    }
-
-    std::shared_ptr<PushPopSegue> segue(const std::string& identifier) {
-        return std::dynamic_pointer_cast<PushPopSegue>(
-            storyboard->instantiateSegue(identifier, one));
-    }
-
-    /// Where the newest page is when the slide begins.
-    CGFloat startOf(const std::string& identifier) {
-        one->performSegue(identifier, nullptr);
-        return container->children().back()->view()->frame().origin.x;
-    }
-
-    std::shared_ptr<NSStoryboard> storyboard = NSStoryboard::create();
-    std::shared_ptr<HandAnimator> animator = std::make_shared<HandAnimator>();
-    std::shared_ptr<NSWindow> window = NSWindow::create();
-    std::shared_ptr<Container> container;
-    std::shared_ptr<Page> one;
-};
 
 TEST_F(SlideNavigationTest, embedsTheFirstPageWhenTheViewHasLoaded) {
     show();
@@ -292,6 +218,34 @@ TEST_F(SlideNavigationTest, givesTheWindowTheTitleOfThePageThatAppears) {
     EXPECT_EQ(window->title(), "two");
 }
 
+TEST_F(SlideNavigationTest, tellsOnceOfEachChangeOfItsKeys) {
+    show();
+    const auto observer = makeObject<test::Recorder>();
+    container->addObserver(*observer, "embedSegueIdentifier", {});
+    one->addObserver(*observer, "nextRepresentedObject", {});
+    container->setEmbedSegueIdentifier("other");
+    container->setValueForKey("another", "embedSegueIdentifier");
+    one->setNextRepresentedObject("page");
+    one->setValueForKey("other page", "nextRepresentedObject");
+    EXPECT_THAT(test::toldKeys(*observer),
+                ElementsAre("embedSegueIdentifier", "embedSegueIdentifier", "nextRepresentedObject",
+                            "nextRepresentedObject"));
+    EXPECT_EQ(one->nextRepresentedObject(), Value("other page"));
+}
+
+TEST_F(SlideNavigationTest, becomesAChildBeforeTheDirectionIsChosen) {
+    show();
+    const auto made = segue("push");
+    one->prepare(*made, nullptr);
+    std::vector<Options> chosen;
+    const auto observer = makeObject<test::Recorder>();
+    observer->then = [&] { chosen.push_back(made->option()); };
+    container->addObserver(*observer, "children", {});
+    made->perform();
+    EXPECT_THAT(chosen, ElementsAre(Options::none));
+    EXPECT_EQ(made->option(), Options::slideLeft);
+}
+
 TEST_F(SlideNavigationTest, leavesTheTitleToPagesThatHaveOne) {
     storyboard->registerScene("one", [] {
         auto page = makeObject<Page>("");
@@ -345,6 +299,33 @@ TEST_F(SlideNavigationTest, dismissesAPageThatIsPresentedItself) {
     page->dismiss(nullptr);
     EXPECT_EQ(parent->attachedSheet(), nullptr);
     EXPECT_EQ(page->presentingViewController(), nullptr);
+}
+
+class Dismissed : public SlideNavigationViewController {
+public:
+    using Class = NSClassOf<Dismissed, SlideNavigationViewController>;
+
+    void dismissController(NSObject* sender) override {
+        NSViewController::dismissController(sender);
+        dismissedBy = sender;
+        wasSheet = view()->window()->sheetParent() != nullptr;
+    }
+
+    NSObject* dismissedBy = nullptr;
+    bool wasSheet = false;
+};
+
+TEST_F(SlideNavigationTest, isDismissedItselfBeforeTheSheetEnds) {
+    const auto parent = NSWindow::create({800, 600});
+    const auto page = makeObject<Dismissed>();
+    container->setEmbedSegueIdentifier("");
+    container->view()->addSubview(page->view());
+    window->setContentViewController(container);
+    parent->beginSheet(window);
+    page->dismiss(parent.get());
+    EXPECT_EQ(page->dismissedBy, parent.get());
+    EXPECT_TRUE(page->wasSheet);
+    EXPECT_EQ(parent->attachedSheet(), nullptr);
 }
 
 TEST_F(SlideNavigationTest, closesAWindowThatIsNoSheet) {

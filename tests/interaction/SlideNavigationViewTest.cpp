@@ -3,6 +3,7 @@
 #include "quorin/platform/drawing/CGContext.h"
 #include "quorin/platform/drawing/CGImage.h"
 #include "tests/TestSupport.h"
+#include "tests/support/ToldKeys.h"
 
 namespace quorin {
 namespace {
@@ -44,6 +45,17 @@ TEST(SlideNavigationView, letsInterfaceFilesSetTheBackground) {
     EXPECT_EQ(view->valueForKey("backgroundColor"), Value(red));
     view->setValueForKey(nullptr, "backgroundColor");
     EXPECT_EQ(middleOf(*view), (CGImage::Pixel{0, 0, 0, 0}));
+}
+
+TEST(SlideNavigationView, tellsOnceOfEachChange) {
+    const auto view = navigationView();
+    const auto observer = makeObject<test::Recorder>();
+    view->addObserver(*observer, "backgroundColor", NSKeyValueObservingOptions::newValue);
+    view->setBackgroundColor(red);
+    view->setValueForKey(red, "backgroundColor");
+    EXPECT_THAT(test::toldKeys(*observer),
+                testing::ElementsAre("backgroundColor", "backgroundColor"));
+    EXPECT_EQ(observer->lastNew(), Value(red));
 }
 
 TEST(SlideNavigationView, isClearForAPatternWhichIsNoColor) {

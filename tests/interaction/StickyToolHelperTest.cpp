@@ -189,6 +189,49 @@ TEST_F(StickyToolHelperTest, keepsTheEventAsPreviousWhenTheDelegateResets) {
     EXPECT_EQ(helper->previousEvent(), event);
 }
 
+TEST_F(StickyToolHelperTest, tellsItsDelegateBeforeTheEventBecomesThePreviousOne) {
+    std::vector<std::shared_ptr<NSEvent>> previous;
+    delegate->whenTold = [&](StickyToolHelper& told) { previous.push_back(told.previousEvent()); };
+    const auto pressed = flags(1, shift);
+    const auto released = flags(1.1, nothing);
+    const auto spaceDown = down(2, spaceKey);
+    const auto spaceUp = up(2.1, spaceKey);
+    EXPECT_THAT(previous, ElementsAre(nullptr, pressed, spaceDown));
+    EXPECT_EQ(helper->previousEvent(), spaceUp);
+}
+
+TEST_F(StickyToolHelperTest, takesTheOuterEventForThePreviousOneWhenItsDelegateSendsAnother) {
+    delegate->whenTold = [&](StickyToolHelper&) {
+        delegate->whenTold = nullptr;
+        flags(1.1, nothing);  // nothing is seen before this, so it ends no tap
+    };
+    const auto outer = flags(1, shift);
+    EXPECT_EQ(helper->previousEvent(), outer);
+    EXPECT_THAT(delegate->told, ElementsAre(nothing, nothing));
+    flags(1.2, nothing);
+    EXPECT_EQ(helper->stickyModifierFlags(), shift);
+}
+
+TEST_F(StickyToolHelperTest, takesASpaceTapOfLessThanThreeTenthsOfASecond) {
+    down(0, spaceKey);
+    up(0.3, spaceKey);
+    EXPECT_FALSE(helper->isSpaceModifierEnabled());
+    tapSpace(10, 0.299);
+    EXPECT_TRUE(helper->isSpaceModifierEnabled());
+}
+
+TEST_F(StickyToolHelperTest, doesNotHearOfWhatAnEarlierMonitorKept) {
+    helper = nullptr;
+    const auto token = NSEvent::addLocalMonitorForEvents(NSEventTypeMask::flagsChanged,
+                                                         [](const auto&) { return nullptr; });
+    helper = StickyToolHelper::create("pen");
+    tap(shift, 1, 0.1);
+    EXPECT_EQ(helper->previousEvent(), nullptr);
+    NSEvent::removeMonitor(token);
+    tap(shift, 2, 0.1);
+    EXPECT_EQ(helper->stickyModifierFlags(), shift);
+}
+
 TEST_F(StickyToolHelperTest, handsEveryEventOnAsItIs) {
     const auto event =
         NSEvent::create(NSEventType::keyDown,
