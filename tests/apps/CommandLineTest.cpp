@@ -18,7 +18,7 @@ using testing::StartsWith;
 
 const std::string commands[] = {"info",   "render", "convert", "shape",   "transform",
                                 "round",  "trim",   "hit",     "compare", "sheet",
-                                "spring", "device", "digest",  "reach"};
+                                "spring", "device", "digest",  "field",   "reach"};
 
 TEST(CommandLine, helpsWithEveryCommandAndExamples) {
     const ProgramRun run = runQuorin({"--help"});
