@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "apps/quorin/Commands.h"

@@ -2,9 +2,9 @@
 
 #include <cmath>
 #include <limits>
-#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "quorin/observation/TypedNotification.h"

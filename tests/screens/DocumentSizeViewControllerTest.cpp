@@ -1,9 +1,12 @@
 #include "quorin/screens/DocumentSizeViewController.h"
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 

@@ -1,9 +1,12 @@
 #include "quorin/screens/ScreenCatalogue.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -16,11 +19,8 @@ namespace quorin {
 namespace {
 
 using test::TemporaryFolder;
-using ::testing::Each;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
 using ::testing::ThrowsMessage;
 
 /// What `readScreenTemplates` makes of a bundle with these bytes as the resource.
