@@ -95,6 +95,20 @@ TEST_F(NSNotificationCenterTest, tellsSendersApartByIdentity) {
     EXPECT_THAT(calls, ElementsAre("of any"));
 }
 
+TEST_F(NSNotificationCenterTest, tellsSendersApartThatLiveInOneObject) {
+    struct Pair {
+        Sender one, other;
+    };
+    const auto pair = std::make_shared<Pair>();
+    const std::shared_ptr<Object> one(pair, &pair->one), other(pair, &pair->other);
+    observe("a", "of one", one);
+    observe("a", "of the other", other);
+    post("a", one);
+    EXPECT_THAT(calls, ElementsAre("of one"));
+    post("a", other);
+    EXPECT_THAT(calls, ElementsAre("of the other"));
+}
+
 TEST_F(NSNotificationCenterTest, doesNotTakeANewSenderAtTheOldPlaceForTheOldOne) {
     alignas(Sender) unsigned char place[sizeof(Sender)];
     const auto madeThere = [&] {
