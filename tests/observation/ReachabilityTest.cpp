@@ -253,6 +253,15 @@ TEST_F(ReachabilityTest, isStoppedByItsEndOnAnotherThread) {
     EXPECT_TRUE(table->subscribers.empty());
 }
 
+TEST_F(ReachabilityTest, isStoppedByItsEndAlsoWhenOthersHoldItsTarget) {
+    const auto target = SCNetworkReachability::createWithName("192.0.2.1", {table});
+    auto host = makeObject<Reachability>(target);
+    EXPECT_TRUE(host->startNotifier());
+    EXPECT_EQ(table->subscribers.size(), 1u);
+    host.reset();
+    EXPECT_TRUE(table->subscribers.empty());
+}
+
 TEST_F(ReachabilityTest, isStoppedByItsEndAlsoInsideANotification) {
     auto host = of("192.0.2.1");
     const auto observer = NSNotificationCenter::defaultCenter().addObserver(
