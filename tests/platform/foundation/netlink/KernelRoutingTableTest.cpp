@@ -214,8 +214,18 @@ TEST(KernelRoutingTable, doesNotTakeADefaultRouteToThisMachineForAWayOut) {
         ip("link set lo up");
         ip("route add local default dev lo table 100");
         EXPECT_EQ(generalFlags(), 0u);
-        ip("route add unreachable default");
-        EXPECT_EQ(generalFlags(), 0u);
+    });
+}
+
+TEST(KernelRoutingTable, doesNotTakeADefaultRouteThatRefusesForAWayOut) {
+    inOwnNetwork([] {
+        ip("link set lo up");  // by which the kernel has those of IPv6 leave
+        for (const std::string family : {"-4", "-6"})
+            for (const std::string kind : {"unreachable", "blackhole", "prohibit", "throw"}) {
+                ip(family + " route add " + kind + " default");
+                EXPECT_EQ(generalFlags(), 0u) << family << " " << kind;
+                ip(family + " route del " + kind + " default");
+            }
     });
 }
 
@@ -265,6 +275,7 @@ TEST(KernelRoutingTable, tellsOfEachKindOfChange) {
         ip("link set v1 addrgenmode none");
         joinIPv4();
         joinIPv6();
+        ip("-6 addr change 2001:db8::3/64 dev v0 noprefixroute");
         const auto& loop = RunLoop::main();
         loop->run(0.3);
         int count = 0;
@@ -273,7 +284,8 @@ TEST(KernelRoutingTable, tellsOfEachKindOfChange) {
             loop->stop();
         });
         ASSERT_NE(subscription, nullptr);
-        // Of each kind one that comes without others: a lifetime, a length, a route nobody takes.
+        // Of each kind one that comes without others: a length, a lifetime, a route nobody takes,
+        // a mark on an address whose network has no route of the kernel's own.
         for (const char* change : {
                  "link set v0 txqueuelen 77",
                  "addr change 10.1.2.3/24 dev v0 valid_lft 1000 preferred_lft 900",
