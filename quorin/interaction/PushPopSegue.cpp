@@ -34,10 +34,8 @@ void PushPopSegue::perform() {
         return;
     // A second click on a page that slides away already is no second step, and one on a page that
     // still comes in leads on from where that will stand.
-    if (!from->isBeingReplaced()) {
+    if (!from->isBeingReplaced())
         from->endTransition();
-        to->endTransition();
-    }
     const bool goes = _containerViewController && !from->isBeingReplaced();
     if (goes)
         _containerViewController->addChild(to);

@@ -109,6 +109,15 @@ TEST_F(InterruptedSlideTest, fillsAContainerThatIsResizedOnTheWay) {
     }
 }
 
+TEST_F(InterruptedSlideTest, fillsAContainerThatThePageBeforeDidNotFill) {
+    container->view()->removeConstraints(std::vector(container->view()->constraints()));
+    one->view()->setFrame(CGRectMake(10, 20, 30, 40));
+    one->performSegue("push", nullptr);
+    EXPECT_EQ(newest()->view()->frame(), CGRectMake(40, 20, 30, 40));
+    animator->finish();
+    expectAlone(*newest());
+}
+
 TEST_F(InterruptedSlideTest, finishesWithoutItsContainerAndItsWindow) {
     one->performSegue("push", nullptr);
     const auto two = newest();

@@ -328,6 +328,19 @@ TEST_F(SlideNavigationTest, isDismissedItselfBeforeTheSheetEnds) {
     EXPECT_EQ(parent->attachedSheet(), nullptr);
 }
 
+TEST_F(SlideNavigationTest, mayBeHeldByItsSheetAloneWhenItIsDismissed) {
+    const auto host = makeObject<NSViewController>();
+    const auto parent = NSWindow::create({800, 600});
+    parent->setContentViewController(host);
+    auto presented = makeObject<Page>("page");
+    Page& page = *presented;
+    const std::weak_ptr<Page> observed = presented;
+    host->presentAsSheet(std::exchange(presented, nullptr));
+    page.dismiss(nullptr);
+    EXPECT_TRUE(observed.expired());
+    EXPECT_EQ(parent->attachedSheet(), nullptr);
+}
+
 TEST_F(SlideNavigationTest, closesAWindowThatIsNoSheet) {
     show();
     one->dismiss(nullptr);

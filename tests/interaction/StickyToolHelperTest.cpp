@@ -243,8 +243,10 @@ TEST_F(StickyToolHelperTest, handsEveryEventOnAsItIs) {
 
 TEST_F(StickyToolHelperTest, isNotKeptAliveByItsMonitorAndHearsNothingAfterItsEnd) {
     const std::weak_ptr<StickyToolHelper> observed = helper;
+    const std::weak_ptr<Object> monitor = helper->monitor();
     helper = nullptr;
     EXPECT_TRUE(observed.expired());
+    EXPECT_TRUE(monitor.expired());
     tap(shift, 1, 0.1);
     EXPECT_THAT(delegate->told, IsEmpty());
 }

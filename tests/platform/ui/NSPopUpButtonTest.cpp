@@ -220,6 +220,7 @@ TEST_F(NSPopUpButtonTest, showsAnotherMenuFromItsFirstItemOn) {
     const auto other = NSMenu::create();
     other->addItem("first", std::nullopt);
     other->addItem("second", std::nullopt);
+    button->selectItem(nullptr);  // holds for the old menu only
     button->setMenu(other);
     EXPECT_EQ(button->menu(), other);
     EXPECT_EQ(button->titleOfSelectedItem(), "first");
