@@ -277,6 +277,31 @@ TEST_F(NSViewControllerTransitionTest, comesBackOnItsWay) {
     EXPECT_EQ(two->view()->superview(), nullptr);
 }
 
+TEST_F(NSViewControllerTransitionTest, takesTheNewViewFromAnotherTransition) {
+    const auto animator = byHand();
+    const auto three = makeObject<NotingController>("three", calls);
+    container->addChild(three);
+    three->view()->setFrame(CGRectMake(200, 100, 10, 10));
+    container->view()->addSubview(three->view());
+    transition(Options::slideLeft);
+    container->transition(three, two, Options::slideLeft);
+    EXPECT_EQ(calls.back(), "two viewWillAppear");
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "completed"), 1);
+    EXPECT_EQ(one->view()->superview(), nullptr);
+    animator->finish();
+    EXPECT_EQ(two->view()->frame(), CGRectMake(200, 100, 10, 10));
+    EXPECT_EQ(three->view()->superview(), nullptr);
+}
+
+TEST_F(NSViewControllerTransitionTest, leavesItsOldViewWhereThatWasPutMeanwhile) {
+    const auto animator = byHand();
+    const auto elsewhere = makeObject<NSView>();
+    transition(Options::slideLeft);
+    elsewhere->addSubview(one->view());
+    animator->finish();
+    EXPECT_EQ(one->view()->superview(), elsewhere);
+}
+
 TEST_F(NSViewControllerTransitionTest, outlivesItsContainerAndHoldsNothingAfterwards) {
     const auto animator = byHand();
     transition(Options::slideLeft);
