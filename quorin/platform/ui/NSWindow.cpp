@@ -25,6 +25,8 @@ void NSWindow::declareKeys(NSKeyList<NSWindow>& keys) {
             &NSWindow::setContentView)
         .reportingProperty("contentViewController", &NSWindow::contentViewController,
                            &NSWindow::setContentViewController)
+        .reportingProperty("documentEdited", &NSWindow::isDocumentEdited,
+                           &NSWindow::setIsDocumentEdited)
         .property("visible", &NSWindow::isVisible)
         .property("sheets", &NSWindow::sheets);
 }
@@ -49,6 +51,10 @@ std::shared_ptr<NSWindow> NSWindow::self() {
 
 void NSWindow::setTitle(std::string title) {
     changeValues({"title"}, [&] { _title = std::move(title); });
+}
+
+void NSWindow::setIsDocumentEdited(bool isEdited) {
+    changeValues({"documentEdited"}, [&] { _isDocumentEdited = isEdited; });
 }
 
 void NSWindow::setContentSize(CGSize size) {

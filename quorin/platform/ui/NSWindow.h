@@ -17,7 +17,8 @@ class NSViewController;
 enum class NSModalResponse : int { abort = -1001, stop = -1000, cancel = 0, ok = 1 };
 
 /// Shows a view, and sheets in front of it, which it holds until they end. Whoever shows windows
-/// observes their keys: "title", "visible", "contentView", "contentSize" and "sheets".
+/// observes their keys: "title", "visible", "contentView", "contentSize", "sheets" and
+/// "documentEdited".
 class NSWindow : public NSObject {
 public:
     using Class = NSClassOf<NSWindow, NSObject>;
@@ -30,6 +31,10 @@ public:
 
     const std::string& title() const { return _title; }
     void setTitle(std::string title);
+
+    /// Whether what the window shows has changes that are not saved, which its frame marks.
+    bool isDocumentEdited() const { return _isDocumentEdited; }
+    void setIsDocumentEdited(bool isEdited);
 
     /// In points.
     CGSize contentSize() const { return _contentSize; }
@@ -81,7 +86,7 @@ private:
     CGSize _contentSize;
     std::shared_ptr<NSView> _contentView;
     std::shared_ptr<NSViewController> _contentViewController;
-    bool _isVisible = false;
+    bool _isVisible = false, _isDocumentEdited = false;
     std::weak_ptr<NSWindow> _sheetParent;
     std::vector<Sheet> _sheets;
 };

@@ -85,6 +85,19 @@ TEST(NSWindow, tellsWhoeverShowsIt) {
     EXPECT_EQ(observer->lastNew(), Value(false));
 }
 
+TEST(NSWindow, marksThatItsDocumentIsEdited) {
+    const auto window = windowOf();
+    const auto observer = makeObject<test::Recorder>();
+    window->addObserver(*observer, "documentEdited", NSKeyValueObservingOptions::newValue);
+    EXPECT_FALSE(window->isDocumentEdited());
+    window->setIsDocumentEdited(true);
+    EXPECT_TRUE(window->isDocumentEdited());
+    window->setValueForKey(false, "documentEdited");
+    EXPECT_FALSE(window->isDocumentEdited());
+    EXPECT_EQ(observer->told.size(), 2u);
+    EXPECT_EQ(observer->lastNew(), Value(false));
+}
+
 TEST(NSWindow, showsASheetUntilItEnds) {
     const auto window = windowOf();
     const auto sheet = windowOf();
