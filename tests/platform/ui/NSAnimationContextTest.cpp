@@ -21,8 +21,8 @@ struct NSAnimationContextTest : testing::Test {
         NSAnimationContext::animate([](double) {}, noting(completion));
     }
 
+    std::vector<std::string> seen;  // outlives the animator, whose end completes what still runs
     std::shared_ptr<HandAnimator> animator = std::make_shared<HandAnimator>();
-    std::vector<std::string> seen;
 };
 
 TEST_F(NSAnimationContextTest, lastsAQuarterOfASecondUnlessAGroupingSaysOtherwise) {
