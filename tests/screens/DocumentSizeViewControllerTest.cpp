@@ -12,8 +12,10 @@
 
 #include "quorin/platform/foundation/JSONDecoder.h"
 #include "quorin/platform/foundation/LocalizedString.h"
+#include "quorin/platform/ui/NSApplication.h"
 #include "tests/TestSupport.h"
 #include "tests/screens/SizePanel.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace quorin {
 namespace {
@@ -75,6 +77,37 @@ TEST_F(DocumentSizeViewControllerTest, loadsTheCatalogueWhenItWakes) {
     ASSERT_TRUE(fresh->screenTemplates().has_value());
     EXPECT_EQ(encodeScreenTemplates(*fresh->screenTemplates()),
               encodeScreenTemplates(*libraryScreenTemplates()));
+}
+
+TEST_F(DocumentSizeViewControllerTest, loadsTheCatalogueInPlaceOfAnotherOne) {
+    controller.awakeFromNib();
+    EXPECT_EQ(encodeScreenTemplates(*controller.screenTemplates()),
+              encodeScreenTemplates(*libraryScreenTemplates()));
+}
+
+TEST_F(DocumentSizeViewControllerTest, fillsItsMenuWithTheCatalogueWhenItsInterfaceFileIsLoaded) {
+    const auto menu = NSPopUpButton::create();
+    NSApplication::shared().setNibLoader([&](NSViewController& owner) {
+        owner.setValueForKey(menu, "screenTemplateMenu");
+        return makeObject<NSView>();
+    });
+    const auto fresh = makeObject<DocumentSizeViewController>("DocumentSize");
+    fresh->view();
+    NSApplication::shared().setNibLoader({});
+
+    std::size_t count = 1;
+    const ScreenCatalogue catalogue = libraryScreenTemplates().value();
+    for (const auto& screens : catalogue)
+        count += 2 + screens->templates().size();
+    EXPECT_EQ(menu->numberOfItems(), count);
+    EXPECT_EQ(menu->menu()->itemAt(1)->title(), catalogue[0]->templates()[0]->name());
+
+    fresh->setWidth(375);
+    const auto screen = std::dynamic_pointer_cast<const Template>(
+        menu->selectedItem()->representedObject().asObject());
+    ASSERT_NE(screen, nullptr);
+    EXPECT_EQ(screen->height(), 812);
+    EXPECT_EQ(screen->density(), 3);
 }
 
 TEST_F(DocumentSizeViewControllerTest, keepsATemplateNameForWhoeverSetsOne) {
@@ -139,6 +172,29 @@ TEST_F(DocumentSizeViewControllerTest, showsOnlyTheCustomItemWithoutScreens) {
     const auto onlyCustom = ElementsAre("Custom didChooseTempalte: enabled");
     EXPECT_THAT(linesOf(*SizePanel(std::nullopt).menu), onlyCustom);
     EXPECT_THAT(linesOf(*SizePanel(ScreenCatalogue()).menu), onlyCustom);
+}
+
+TEST_F(DocumentSizeViewControllerTest, offersNoTemplatesWhereTheCatalogueIsMissingOrBroken) {
+    const test::TemporaryFolder folder;
+    const auto menuOf = [&] {
+        return linesOf(*SizePanel(readScreenTemplates(Bundle(folder.path()))).menu);
+    };
+    const auto onlyCustom = ElementsAre("Custom didChooseTempalte: enabled");
+    EXPECT_THAT(menuOf(), onlyCustom);
+    folder.file("ScreenTemplates.json", R"([{"category": "TV", "templates": []}, {}])");
+    EXPECT_THAT(menuOf(), onlyCustom);
+    folder.file("ScreenTemplates.json", R"([{"category": "TV", "templates": []}])");
+    EXPECT_THAT(menuOf(), ElementsAre("TV", "---", "Custom didChooseTempalte: enabled"));
+}
+
+TEST_F(DocumentSizeViewControllerTest, addsToTheItemsThatAreInTheMenuAlready) {
+    const auto menu = NSPopUpButton::create();
+    menu->menu()->addItem("Pick a screen", std::nullopt);
+    const auto fresh = makeObject<DocumentSizeViewController>();
+    fresh->setScreenTemplateMenu(menu);
+    fresh->view();
+    EXPECT_THAT(linesOf(*menu), ElementsAre("Pick a screen", "Custom didChooseTempalte: enabled"));
+    EXPECT_EQ(menu->titleOfSelectedItem(), "Pick a screen");
 }
 
 TEST_F(DocumentSizeViewControllerTest, selectsTheFirstItemAtTheStartWhichIsNoTemplate) {
@@ -368,6 +424,21 @@ TEST_F(DocumentSizeViewControllerTest, looksAtTheItemsOfTheMenuNotAtTheCatalogue
     EXPECT_EQ(panel.selected(), "twin");
 }
 
+TEST_F(DocumentSizeViewControllerTest, namesNoItemThatStandsForSomethingElse) {
+    const auto item = NSMenuItem::create("Paper", "swap:");
+    item->setTarget(panel.controller);
+    item->setRepresentedObject("A4");
+    panel.menu->menu()->addItem(item);
+    panel.menu->selectItem(item);
+    EXPECT_EQ(panel.during([&] { controller.setWidth(375); }).at(1), "post - 375 × 812 at 3");
+}
+
+TEST_F(DocumentSizeViewControllerTest, namesTheTemplateNotTheTitleOfTheItem) {
+    panel.menu->menu()->itemAt(mini)->setTitle("Mini");
+    panel.menu->choose(mini);
+    EXPECT_EQ(panel.log.back(), "post mini 375 × 812 at 3");
+}
+
 // Densities.
 
 TEST_F(DocumentSizeViewControllerTest, storesADensityAsItIs) {
@@ -376,6 +447,8 @@ TEST_F(DocumentSizeViewControllerTest, storesADensityAsItIs) {
         EXPECT_EQ(controller.density(), density);
         EXPECT_EQ(panel.selected(), "Custom");
     }
+    EXPECT_EQ(panel.during([&] { controller.setDensity(2.5); }).at(1), "post - 375 × 812 at 2.5")
+        << "nor is it rounded in the notification";
     controller.setDensity(-0.0);
     EXPECT_TRUE(std::signbit(controller.density()));
     controller.setDensity(nan);
@@ -450,6 +523,17 @@ TEST_F(DocumentSizeViewControllerTest, takesAChosenTemplateAndPostsItOnce) {
                             "post laptop 1440 × 900 at 1"));
     EXPECT_EQ(panel.state(), "laptop 1440 × 900 at 1");
     EXPECT_EQ(controller.pixelDensityIndex(), 0);
+}
+
+TEST_F(DocumentSizeViewControllerTest, takesATemplateAsAWholeBetweenTheAnnouncements) {
+    std::vector<std::string> states;
+    KVOController observer;
+    observer.observe(controller, {"width", "height", "density", "pixelDensityIndex"},
+                     NSKeyValueObservingOptions::prior,
+                     [&](const KVONotification&) { states.push_back(panel.state()); });
+    panel.menu->choose(laptop);
+    const std::string before = "laptop 375 × 812 at 3", after = "laptop 1440 × 900 at 1";
+    EXPECT_THAT(states, ElementsAre(before, before, before, before, after, after, after, after));
 }
 
 TEST_F(DocumentSizeViewControllerTest, keepsTheChosenOneOfTwoTemplatesAlike) {

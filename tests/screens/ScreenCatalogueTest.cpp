@@ -82,6 +82,30 @@ TEST(ScreenCatalogue, ignoresKeysThatNobodyAskedFor) {
     EXPECT_EQ(catalogue->front()->templates().front()->width(), 3);
 }
 
+TEST(ScreenCatalogue, withACategoryInOtherLettersIsAbsentAsAWhole) {
+    EXPECT_EQ(readFrom(R"([{"category": "TV", "templates": []},
+                           {"category": "iphone", "templates": []}])"),
+              std::nullopt);
+}
+
+TEST(ScreenCatalogue, withATemplateWithoutANameIsAbsentAsAWhole) {
+    EXPECT_EQ(readFrom(R"([{"category": "TV", "templates": [
+                  {"width": 1, "height": 2, "density": 3, "name": "a"},
+                  {"width": 1, "height": 2, "density": 3}]}])"),
+              std::nullopt);
+}
+
+TEST(ScreenCatalogue, takesNumbersAndNamesAsTheyAre) {
+    const auto catalogue = readFrom(
+        screen(R"("width": -0.0, "height": 37.5e1, "density": 18446744073709551616, "name": "")"));
+    ASSERT_TRUE(catalogue.has_value());
+    const Template& odd = *catalogue->front()->templates().front();
+    EXPECT_TRUE(odd.width() == 0 && std::signbit(odd.width()));
+    EXPECT_EQ(odd.height(), 375);
+    EXPECT_EQ(odd.density(), 18446744073709551616.0);
+    EXPECT_EQ(odd.name(), "");
+}
+
 TEST(ScreenCatalogue, isAbsentWhenAnythingInItIsWrong) {
     const std::string ok = R"("width": 1, "height": 2, "density": 3, "name": "a")";
     ASSERT_TRUE(readFrom(screen(ok)).has_value());
@@ -114,6 +138,11 @@ TEST(ScreenCatalogue, isAbsentWhenAnythingInItIsWrong) {
         {"null as density", screen(R"("width": 1, "height": 2, "density": null, "name": "a")")},
         {"a number as name", screen(R"("width": 1, "height": 2, "density": 3, "name": 4)")},
         {"keys in other letters", screen(R"("Width": 1, "height": 2, "density": 3, "name": "a")")},
+        {"a number in quotes as density",
+         screen(R"("width": 1, "height": 2, "density": "3", "name": "a")")},
+        {"a number with a plus", screen(R"("width": +1, "height": 2, "density": 3, "name": "a")")},
+        {"a number in hexadecimal",
+         screen(R"("width": 0x1, "height": 2, "density": 3, "name": "a")")},
         {"a number beyond doubles",
          screen(R"("width": 1e999, "height": 2, "density": 3, "name": "a")")},
         {"a name that is no UTF-8",
@@ -142,6 +171,23 @@ TEST(ScreenCatalogue, saysWhereATextIsWrongToThoseWhoAsk) {
                     {"category": "TV", "templates": [{"width": "1"}]}])");
         },
         ThrowsMessage<DecodingError>("[1].templates[0].width: not a number"));
+}
+
+TEST(ScreenCatalogue, saysWhatIsWrongFirstInTheOrderOfTheKeysNotOfTheText) {
+    EXPECT_THAT([] { decodeScreenTemplates(R"([{"templates": 1, "category": "tv"}])"); },
+                ThrowsMessage<DecodingError>("[0].category: \"tv\" is no category"));
+    const std::pair<const char*, const char*> table[] = {
+        {R"("name": 1, "density": "", "height": "", "width": "")", "width"},
+        {R"("name": 1, "density": "", "height": "", "width": 1)", "height"},
+        {R"("name": 1, "density": "", "height": 1, "width": 1)", "density"},
+        {R"("name": 1, "density": 1, "height": 1, "width": 1)", "name"},
+    };
+    for (const auto& [fields, key] : table) {
+        const std::string text = screen(fields);
+        const std::string place = std::string("[0].templates[0].") + key + ": ";
+        EXPECT_THAT([&] { decodeScreenTemplates(text); },
+                    ThrowsMessage<DecodingError>(::testing::StartsWith(place)));
+    }
 }
 
 TEST(ScreenCatalogue, isAbsentWithoutAFileThatCanBeRead) {
