@@ -198,6 +198,20 @@ TEST(KernelRoutingTable, tellsHopsWithAGatewayFromThoseWithout) {
     });
 }
 
+TEST(KernelRoutingTable, knowsGatewaysOfTheOtherFamily) {
+    inOwnNetwork([] {
+        joinIPv4();
+        joinIPv6();
+        ip("route add 192.0.2.0/24 via inet6 2001:db8::9 dev v0");
+        EXPECT_EQ(flagsAfterAWhile([] { return flagsTo("192.0.2.1"); }, reachable), reachable);
+        ip("route add default nexthop via 10.1.2.1 dev v0 nexthop via inet6 2001:db8::9 dev v0");
+        const auto routes = RoutingTable::ofKernel()->defaultRoutes().value();
+        EXPECT_THAT(routes, SizeIs(2));
+        for (const NetworkRoute& route : routes)
+            EXPECT_TRUE(route.hasGateway);
+    });
+}
+
 TEST(KernelRoutingTable, followsDefaultRoutesThatShareAHop) {
     inOwnNetwork([] {
         joinIPv4();
