@@ -149,12 +149,47 @@ TEST_F(SCNetworkReachabilityTest, resolvesANameAnewForAReaderWhoComesLate) {
     host.reset();
     EXPECT_TRUE(becomesTrue([&] { return resolver.use_count() == 1; }));
 
-    const auto other = SCNetworkReachability::createWithName("host.test", services(1'000));
-    EXPECT_EQ(knownFlags(*other), reachable);
     const int before = resolver->timesAsked();
+    host = SCNetworkReachability::createWithName("host.test", services(1'000));
+    EXPECT_EQ(knownFlags(*host), reachable);
     for (int i = 0; i < 20; ++i)
-        EXPECT_EQ(other->flags(), reachable);
-    EXPECT_EQ(resolver->timesAsked(), before);
+        EXPECT_EQ(host->flags(), reachable);
+    host.reset();
+    EXPECT_TRUE(becomesTrue([&] { return resolver.use_count() == 1; }));
+    EXPECT_EQ(resolver->timesAsked(), before + 1);
+}
+
+TEST_F(SCNetworkReachabilityTest, doesNotResolveANameOnceMoreForThoseWhoReadMeanwhile) {
+    std::atomic<int> asked = 0;
+    std::atomic<bool> isOpen = false;
+    auto held = std::make_shared<int>(1);
+    const std::weak_ptr<int> inUse = held;
+    auto host = SCNetworkReachability::createWithName(
+        "host.test", {table,
+                      [&, held = std::move(held)](const std::string&) {
+                          if (++asked == 2)
+                              becomesTrue([&] { return isOpen.load(); });
+                          return std::vector<NetworkAddress>();
+                      },
+                      0});
+    EXPECT_TRUE(becomesTrue([&] { return host->flags() && asked == 2; }));
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(host->flags(), 0u) << "what is known counts until more is";
+    host.reset();
+    isOpen = true;
+    EXPECT_TRUE(becomesTrue([&] { return inUse.expired(); }));
+    EXPECT_EQ(asked, 2);
+}
+
+TEST_F(SCNetworkReachabilityTest, isSilentOnceUnscheduledThoughANameWasFoundBefore) {
+    const auto host = of("host.test");
+    EXPECT_TRUE(host->schedule(RunLoop::main()));
+    resolver->release({});
+    // Besides the test only the host holds it: the thread that asked has told the loop and is gone.
+    EXPECT_TRUE(becomesTrue([&] { return resolver.use_count() == 2; }));
+    EXPECT_TRUE(host->unschedule(RunLoop::main()));
+    RunLoop::main()->run(0);
+    EXPECT_THAT(calls, IsEmpty());
 }
 
 TEST_F(SCNetworkReachabilityTest, isScheduledOnceOnALoopAndOnNoSecondOne) {
