@@ -22,13 +22,13 @@ ScreenCatalogue decodeScreenTemplates(std::string_view json);
 std::string encodeScreenTemplates(const ScreenCatalogue& catalogue);
 
 /// The catalogue of a bundle, its resource "ScreenTemplates" of type "json". Nothing when there is
-/// no such resource, when it cannot be read or when anything in it is wrong; an empty list is an
-/// empty catalogue.
+/// no such resource, when it cannot be read, is larger than 64 MiB or has anything wrong in it; an
+/// empty list is an empty catalogue.
 std::optional<ScreenCatalogue> readScreenTemplates(const Bundle& bundle);
 
-/// The catalogue of this library. A program into which the library was linked as an archive may
-/// stand anywhere, without the library's resources beside it; then the catalogue is the one that
-/// the library was built with.
+/// The catalogue of this library, that of its bundle. Where the bundle has no such resource, as for
+/// a program that the archive was linked into and that stands anywhere, or where nothing is
+/// installed, it is the one that the library was built with. One with a mistake is nothing.
 std::optional<ScreenCatalogue> libraryScreenTemplates();
 
 }  // namespace quorin

@@ -314,6 +314,38 @@ TEST(DeliveredCatalogue, holdsTheScreenThatDocumentsStartWith) {
     EXPECT_GT(count, 0);
 }
 
+TEST(DeliveredCatalogue, sizesScreensInPointsNotInPixels) {
+    struct Row {
+        const char* name;
+        CGFloat pixelsWide, pixelsHigh, density;
+    };
+    // What the makers' tables of these screens say.
+    const Row table[] = {
+        {"iPhone SE", 750, 1334, 2},
+        {"iPhone 11", 828, 1792, 2},
+        {"iPhone 14 Pro", 1179, 2556, 3},
+        {"iPhone 16 Pro Max", 1320, 2868, 3},
+        {"iPad 9.7-inch", 1536, 2048, 2},
+        {"iPad Pro 12.9-inch", 2048, 2732, 2},
+        {"Watch SE 40 mm", 324, 394, 2},
+        {"Watch Ultra 2", 410, 502, 2},
+        {"TV HD", 1920, 1080, 1},
+        {"TV 4K", 3840, 2160, 2},
+        {"Laptop 1366 × 768", 1366, 768, 1},
+    };
+    std::map<std::string, std::shared_ptr<Template>> screens;
+    for (const auto& category : delivered())
+        for (const auto& screen : category->templates())
+            screens[screen->name()] = screen;
+    for (const auto& [name, pixelsWide, pixelsHigh, density] : table) {
+        SCOPED_TRACE(name);
+        ASSERT_TRUE(screens.contains(name));
+        EXPECT_EQ(screens[name]->width(), pixelsWide / density);
+        EXPECT_EQ(screens[name]->height(), pixelsHigh / density);
+        EXPECT_EQ(screens[name]->density(), density);
+    }
+}
+
 TEST(DeliveredCatalogue, holdsScreensOfEveryDensityThatDocumentsCanHave) {
     const ScreenCatalogue catalogue = delivered();
     std::map<CGFloat, int> counts;

@@ -14,8 +14,8 @@ class Bundle {
 public:
     /// The resources of this library: `share/QuorinGraphics` in the tree in which the library is
     /// installed, wherever that was moved. The archive that was linked into a program belongs to
-    /// the tree of the program. What is not installed has no resources
-    /// there.
+    /// the tree of the program. Code that stands in no such tree has no resources, so whoever
+    /// reads one has to know what to do without it.
     static const Bundle& library();
 
     /// No folder at all, an empty text, has no resources.
