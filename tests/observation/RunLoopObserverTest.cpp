@@ -15,6 +15,9 @@ namespace {
 /// Entry and exit, no wait.
 void passTwice() { RunLoop::main()->run(0); }
 
+/// Entry, a wait and exit. On a busy machine a shorter wait may be over before it begins.
+void passWithAWait() { RunLoop::main()->run(0.05); }
+
 /// Takes what an earlier test may have left in the loop.
 class RunLoopObserverTest : public testing::Test {
 protected:
@@ -28,7 +31,7 @@ TEST_F(RunLoopObserverTest, countsEntryWaitAndExitWithoutAnyClosure) {
     const std::int64_t before = RunLoopObserver::counter();
     passTwice();
     EXPECT_EQ(RunLoopObserver::counter(), before + 2);
-    RunLoop::main()->run(0.002);
+    passWithAWait();
     EXPECT_EQ(RunLoopObserver::counter(), before + 5);
 }
 
@@ -64,7 +67,7 @@ TEST_F(RunLoopObserverTest, callsEachClosureInEachPassUntilItIsRemoved) {
     const UUID one = RunLoopObserver::shared()->addObserver([&] { ++first; });
     const UUID two = RunLoopObserver::shared()->addObserver([&] { ++second; });
     EXPECT_NE(one, two);
-    RunLoop::main()->run(0.002);
+    passWithAWait();
     EXPECT_EQ(first, 3);
     RunLoopObserver::shared()->removeObserver(one);
     passTwice();

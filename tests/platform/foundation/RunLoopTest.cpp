@@ -1,11 +1,15 @@
 #include "quorin/platform/foundation/RunLoop.h"
 
 #include <glib.h>
+#include <sys/time.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <cmath>
+#include <csignal>
+#include <functional>
 #include <thread>
 
 #include "tests/TestSupport.h"
@@ -19,6 +23,9 @@ using testing::IsEmpty;
 constexpr unsigned every =
     kCFRunLoopEntry | kCFRunLoopBeforeWaiting | kCFRunLoopAfterWaiting | kCFRunLoopExit;
 constexpr unsigned given = kCFRunLoopEntry | kCFRunLoopBeforeWaiting | kCFRunLoopExit;
+
+/// Seconds: on a busy machine a shorter wait may be over before it begins, and then is none.
+constexpr double aWhile = 0.05;
 
 /// Writes down the activities of a loop for as long as it lives.
 class Record {
@@ -49,7 +56,7 @@ TEST(RunLoop, tellsOfEntryAndExitOnceAndNotOfAWaitThatIsNone) {
 TEST(RunLoop, tellsOfEachWait) {
     RunLoop::main()->run(0);
     const Record record(RunLoop::main(), every);
-    EXPECT_EQ(RunLoop::main()->run(0.002), RunLoopResult::timedOut);
+    EXPECT_EQ(RunLoop::main()->run(aWhile), RunLoopResult::timedOut);
     EXPECT_THAT(record.activities, ElementsAre(1u, 32u, 64u, 128u));
 }
 
@@ -78,7 +85,7 @@ TEST(RunLoop, hearsOfTheWaitsOfAHostOnTheSameContext) {
     const Record record;
     g_main_context_iteration(nullptr, FALSE);
     EXPECT_THAT(record.activities, IsEmpty());
-    const RunLoopSource timer = RunLoop::main()->addTimer(0.001, false, [] {});
+    const RunLoopSource timer = RunLoop::main()->addTimer(aWhile, false, [] {});
     g_main_context_iteration(nullptr, TRUE);
     EXPECT_THAT(record.activities, ElementsAre(32u));
 }
@@ -205,7 +212,7 @@ TEST(RunLoop, givesEachThreadALoopOfItsOwn) {
         own->perform([&] { own->stop(); });
         own->run();
         EXPECT_THAT(record.activities, ElementsAre(1u, 128u));
-        own->run(0.001);
+        own->run(aWhile);
         EXPECT_THAT(record.activities, ElementsAre(1u, 128u, 1u, 32u, 128u));
     }).join();
 }
@@ -280,28 +287,78 @@ TEST(RunLoop, endsATimerWithItsToken) {
     EXPECT_EQ(count, 0);
 }
 
-TEST(RunLoop, wakesForATimerThatAnObserverAddsBeforeTheWait) {
-    RunLoopSource timer;
-    bool isFired = false;
-    RunLoop::main()->addObserver(
-        CFRunLoopObserver::create(kCFRunLoopBeforeWaiting, false, 0, [&](CFRunLoopActivity) {
-            timer = RunLoop::main()->addTimer(0.001, false, [&] {
-                isFired = true;
-                RunLoop::main()->stop();
-            });
-        }));
-    EXPECT_EQ(RunLoop::main()->run(20), RunLoopResult::stopped);
-    EXPECT_TRUE(isFired);
+/// Runs the main loop, having `closure` called before its first wait, until something stops it.
+void expectStopSoon(const std::function<void()>& closure) {
+    const auto& loop = RunLoop::main();
+    loop->run(0);  // a wake-up from an earlier test would be taken for the one that is expected
+    loop->addObserver(CFRunLoopObserver::create(kCFRunLoopBeforeWaiting, false, 0,
+                                                [&](CFRunLoopActivity) { closure(); }));
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(loop->run(20), RunLoopResult::stopped);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)) << "a whole wait";
+}
+
+TEST(RunLoop, wakesForWhatAnObserverAsksForBeforeTheWait) {
+    const auto& loop = RunLoop::main();
+    const auto stop = [&] { loop->stop(); };
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    ASSERT_EQ(write(ends[1], "a", 1), 1);
+    RunLoopSource source;
+    struct Row {
+        const char* says;
+        std::function<void()> ask;
+    };
+    const Row table[] = {
+        {"a stop", stop},
+        {"a closure", [&] { loop->perform(stop); }},
+        {"a timer", [&] { source = loop->addTimer(0.001, false, stop); }},
+        {"a descriptor",
+         [&] { source = loop->addDescriptor(ends[0], DescriptorEvent::readable, stop); }},
+    };
+    for (const auto& [says, ask] : table) {
+        SCOPED_TRACE(says);
+        expectStopSoon(ask);
+        source.cancel();
+    }
+    close(ends[0]);
+    close(ends[1]);
 }
 
 TEST(RunLoop, wakesForWhatANestedRunBeforeTheWaitLeaves) {
+    const auto& loop = RunLoop::main();
     RunLoopSource timer;
-    RunLoop::main()->addObserver(
+    expectStopSoon([&] {
+        timer = loop->addTimer(0.002, false, [&] { loop->stop(); });
+        loop->run(0);
+    });
+}
+
+TEST(RunLoop, isNotWokenForNothingInARunBeforeTheWait) {
+    const auto& loop = RunLoop::main();
+    std::vector<unsigned> activities;
+    RunLoopSource timer;
+    loop->addObserver(
         CFRunLoopObserver::create(kCFRunLoopBeforeWaiting, false, 0, [&](CFRunLoopActivity) {
-            timer = RunLoop::main()->addTimer(0.002, false, [] { RunLoop::main()->stop(); });
-            RunLoop::main()->run(0);
+            loop->perform([&] { timer = loop->addTimer(60, false, [] {}); });
+            const Record record;
+            loop->run(aWhile);
+            activities = record.activities;
         }));
-    EXPECT_EQ(RunLoop::main()->run(20), RunLoopResult::stopped);
+    EXPECT_EQ(loop->run(2 * aWhile), RunLoopResult::timedOut);
+    EXPECT_THAT(activities, ElementsAre(1u, 32u, 128u)) << "one wait, up to its time limit";
+}
+
+TEST(RunLoop, isNotWokenForWhatIsAddedBetweenWaits) {
+    const auto& loop = RunLoop::main();
+    loop->run(0);
+    const Record record;
+    RunLoopSource later;
+    const RunLoopSource timer =
+        loop->addTimer(aWhile, false, [&] { later = loop->addTimer(60, false, [] {}); });
+    EXPECT_EQ(loop->run(2 * aWhile), RunLoopResult::timedOut);
+    EXPECT_THAT(record.activities, ElementsAre(1u, 32u, 32u, 128u))
+        << "one wait for the timer and one up to the time limit";
 }
 
 TEST(RunLoop, mayBeRunBeforeAWaitOfTheHost) {
@@ -325,10 +382,26 @@ TEST(RunLoop, mayBeRunBeforeAWaitOfTheHost) {
             for (const int descriptor : descriptors)
                 close(descriptor);
         }));
-    const RunLoopSource timer = loop->addTimer(0.01, false, [] {});
+    const RunLoopSource timer = loop->addTimer(aWhile, false, [] {});
     g_main_context_iteration(nullptr, TRUE);
     EXPECT_TRUE(isPerformed);
     EXPECT_THAT(record.activities, testing::Contains(1u));
+}
+
+TEST(RunLoop, leavesTheErrorOfAWaitToTheHostWhateverObserversDo) {
+    const auto observer = CFRunLoopObserver::create(kCFRunLoopAfterWaiting, true, 0,
+                                                    [](CFRunLoopActivity) { errno = EBADF; });
+    RunLoop::main()->run(0);
+    RunLoop::main()->addObserver(observer);
+    const auto before = std::signal(SIGALRM, [](int) {});
+    const itimerval often{{0, 5'000}, {0, 5'000}}, never{};
+    setitimer(ITIMER_REAL, &often, nullptr);
+    testing::internal::CaptureStderr();
+    g_main_context_iteration(nullptr, TRUE);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "GLib complains of all but EINTR";
+    setitimer(ITIMER_REAL, &never, nullptr);
+    std::signal(SIGALRM, before);
+    RunLoop::main()->removeObserver(observer);
 }
 
 TEST(RunLoop, watchesDescriptors) {
@@ -400,6 +473,18 @@ TEST(RunLoop, callsAnObserverAddedInsideAnotherFromTheNextActivityOn) {
     loop->run(0);
     EXPECT_THAT(heard, ElementsAre(128u));
     loop->removeObserver(added);
+}
+
+TEST(RunLoop, letsGoOfItsObserversWhenItsThreadEnds) {
+    const auto observer = CFRunLoopObserver::create(given, true, 0, [](CFRunLoopActivity) {});
+    std::thread([&] {
+        RunLoop::current()->addObserver(observer);
+        EXPECT_TRUE(observer->isScheduled());
+    }).join();
+    EXPECT_FALSE(observer->isScheduled());
+    RunLoop::main()->addObserver(observer);
+    EXPECT_TRUE(RunLoop::main()->containsObserver(observer));
+    RunLoop::main()->removeObserver(observer);
 }
 
 TEST(RunLoop, keepsAnObserverToOneLoop) {
