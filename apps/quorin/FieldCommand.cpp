@@ -21,7 +21,7 @@ namespace quorin::app {
 namespace {
 
 struct FieldOptions {
-    std::shared_ptr<ValueTransformer> transformer;
+    std::string transformer;
     NSLocale locale = NSLocale::current();
     std::optional<CGFloat> pointScale, increment, step;
     std::optional<ClosedRange<CGFloat>> range;
@@ -36,10 +36,10 @@ struct FieldOptions {
     throw CLI::ValidationError(option, message);
 }
 
-std::shared_ptr<ValueTransformer> transformerOf(const std::string& option,
-                                                const std::string& name) {
-    if (auto transformer = ValueTransformer::create(name))
-        return transformer;
+/// The name itself: made here, a transformer would keep the locale from before `--locale`.
+std::string transformerOf(const std::string& option, const std::string& name) {
+    if (ValueTransformer::create(name))
+        return name;
     std::string names;
     for (const std::string& known : ValueTransformer::classNames())
         names.append(names.empty() ? "one of " : ", ").append(known);
@@ -76,26 +76,27 @@ void setUp(ValueTransformer& transformer, const char* option, const char* key, c
     transformer.setValueForKey(value, key);
 }
 
-void setUp(const FieldOptions& options) {
+std::shared_ptr<ValueTransformer> setUpTransformer(const FieldOptions& options) {
+    auto transformer = ValueTransformer::create(options.transformer);
     if (options.pointScale)
-        setUp(*options.transformer, "--point-scale", "pointScale", *options.pointScale);
+        setUp(*transformer, "--point-scale", "pointScale", *options.pointScale);
     if (options.increment)
-        setUp(*options.transformer, "--increment", "roundingIncrement", *options.increment);
+        setUp(*transformer, "--increment", "roundingIncrement", *options.increment);
     if (options.allowNil)
-        setUp(*options.transformer, "--allow-nil", "allowNil", true);
+        setUp(*transformer, "--allow-nil", "allowNil", true);
     if (options.hasNoSuffix)
-        setUp(*options.transformer, "--no-suffix", "usesMillisecondSuffix", false);
+        setUp(*transformer, "--no-suffix", "usesMillisecondSuffix", false);
+    return transformer;
 }
 
-const NumericalValueTransformer* numericalOf(const FieldOptions& options) {
+const NumericalValueTransformer* numericalOf(const ValueTransformer& transformer,
+                                             const FieldOptions& options) {
     if (!options.step && !options.range)
         return nullptr;
-    const auto* numerical =
-        dynamic_cast<const NumericalValueTransformer*>(options.transformer.get());
+    const auto* numerical = dynamic_cast<const NumericalValueTransformer*>(&transformer);
     if (!numerical)
-        throw CLI::ValidationError(
-            options.step ? "--step" : "--range",
-            std::string(options.transformer->objectClass().name()) + " neither steps nor clamps");
+        throw CLI::ValidationError(options.step ? "--step" : "--range",
+                                   options.transformer + " neither steps nor clamps");
     return numerical;
 }
 
@@ -123,8 +124,8 @@ std::string shown(const ValueTransformer& transformer, const Value& value) {
 }
 
 std::string tableOf(const FieldOptions& options) {
-    const ValueTransformer& transformer = *options.transformer;
-    const NumericalValueTransformer* numerical = numericalOf(options);
+    const auto transformer = setUpTransformer(options);
+    const NumericalValueTransformer* numerical = numericalOf(*transformer, options);
     std::vector<TextColumn> columns;
     for (const char* heading : {"text", "read as", "shown as"})
         columns.push_back({heading, TextColumn::Side::left});
@@ -135,20 +136,30 @@ std::string tableOf(const FieldOptions& options) {
 
     TextTable table(columns);
     for (const std::string& text : options.texts) {
-        const Value value = transformer.reverseTransformedValue(text);
-        std::vector<std::string> row{cell(text), cell(described(value)), shown(transformer, value)};
+        const Value value = transformer->reverseTransformedValue(text);
+        std::vector<std::string> row{cell(text), cell(described(value)),
+                                     shown(*transformer, value)};
         if (options.step)
-            row.push_back(shown(transformer, numerical->incrementValue(value, *options.step, 1)));
+            row.push_back(shown(*transformer, numerical->incrementValue(value, *options.step, 1)));
         if (options.range)
-            row.push_back(shown(transformer, numerical->clampValue(value, *options.range)));
+            row.push_back(shown(*transformer, numerical->clampValue(value, *options.range)));
         table.add(std::move(row));
     }
     return table.text();
 }
 
-void run(const FieldOptions& options) {
-    setUp(options);
-    print(tableOf(options));
+/// In lines that fit a terminal, one below another.
+std::string listed(const std::vector<std::string>& names) {
+    constexpr std::size_t width = 80;
+    std::string text, line = " ";
+    for (const std::string& name : names) {
+        if (line.size() + 1 + name.size() > width) {
+            text.append(line).append("\n");
+            line = " ";
+        }
+        line.append(" ").append(name);
+    }
+    return text.append(line);
 }
 
 }  // namespace
@@ -158,9 +169,11 @@ void addFieldCommand(CLI::App& program) {
     CLI::App* const command =
         program.add_subcommand("field", "Show how inspector fields read and show what is typed");
     addParsedOption(*command, "--transformer", "NAME", options->transformer, transformerOf,
-                    "The class of the field's transformer")
+                    "The class of the field's transformer, see below")
         ->required();
-    command->add_option("TEXT", options->texts, "What is typed; -- before texts that start with -")
+    command
+        ->add_option("TEXT", options->texts,
+                     "What is typed; -- before the first when one starts with -")
         ->type_name("")
         ->required();
     addParsedOption(*command, "--locale", "L", options->locale, localeOf,
@@ -172,19 +185,24 @@ void addFieldCommand(CLI::App& program) {
     command->add_flag("--allow-nil", options->allowNil, "An empty field means no value");
     command->add_flag("--no-suffix", options->hasNoSuffix, "Milliseconds without \"ms\"");
     addParsedOption(*command, "--step", "N", options->step, numberOf,
-                    "Also show the value one step further");
+                    "Also show the value one step of N further");
     addParsedOption(*command, "--range", "LOW,HIGH", options->range, rangeOf,
                     "Also show the value kept in the range");
-    command->footer(
+    std::string footer =
         "Texts are read as the transformer does it, arithmetic included, and what comes out is\n"
-        "shown again. A text in quotes was not understood and stays as it was typed.\n\n"
-        "Examples:\n"
+        "shown again. A text in quotes was not understood and stays as it was typed. Steps are in\n"
+        "what the field shows, but seconds for milliseconds; ranges are in what is read.\n\n"
+        "Transformers:\n";
+    footer.append(listed(ValueTransformer::classNames()));
+    footer.append(
+        "\n\nExamples:\n"
         "  quorin field --transformer NumberTransformer --point-scale 2 10+5 '12 * 2' abc\n"
         "  quorin field --transformer PercentValueTransformer --locale de_DE 12,5 '50 %'\n"
         "  quorin field --transformer CornerRadiusTransformer --step 1 '4;8;4;0'");
+    command->footer(footer);
     command->callback([options] {
         const NSLocale::CurrentScope scope(options->locale);
-        run(*options);
+        print(tableOf(*options));
     });
 }
 

@@ -1,3 +1,4 @@
+#include "quorin/transformers/ValueTransformer.h"
 #include "tests/TestSupport.h"
 #include "tests/apps/ProgramRun.h"
 
@@ -9,6 +10,7 @@ using test::RefusedUsage;
 using test::runQuorin;
 using test::WentWell;
 using testing::AllOf;
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -50,6 +52,18 @@ TEST(FieldCommand, usesTheLocale) {
     EXPECT_EQ(test::runQuorinAfter("export LC_ALL= LC_NUMERIC=de_DE", words).output, german);
     EXPECT_EQ(test::runQuorinAfter("export LC_ALL=C", words).output,
               "text      read as  shown as\n1.234,56  1.23456  1.2\n");
+}
+
+TEST(FieldCommand, usesTheLocaleAlsoWhereATransformerKeepsTheOneItWasMadeIn) {
+    const std::string german = "text      read as  shown as\n1.234,5s  1234.5   1.234.500\n";
+    EXPECT_EQ(runQuorin({"field", "--locale", "de_DE", "--transformer",
+                         "SuffixlessMillisecondTransformer", "1.234,5s"})
+                  .output,
+              german);
+    EXPECT_EQ(runQuorin({"field", "--transformer", "SuffixlessMillisecondTransformer", "--locale",
+                         "de_DE", "1.234,5s"})
+                  .output,
+              german);
 }
 
 TEST(FieldCommand, setsTheTransformerUp) {
@@ -132,6 +146,12 @@ TEST(FieldCommand, helpsWithExamples) {
     EXPECT_THAT(run, WentWell());
     EXPECT_THAT(run.output, AllOf(HasSubstr("Usage: quorin field"),
                                   HasSubstr("\n  quorin field --transformer NumberTransformer ")));
+}
+
+TEST(FieldCommand, helpsWithTheNamesOfAllTransformers) {
+    const std::string help = runQuorin({"field", "--help"}).output;
+    for (const std::string& name : ValueTransformer::classNames())
+        EXPECT_THAT(help, ContainsRegex(std::string("\n .*\\b").append(name).append("\\b")));
 }
 
 }  // namespace
