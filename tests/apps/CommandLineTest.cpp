@@ -16,9 +16,9 @@ using test::WentWell;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-const std::string commands[] = {"info",   "render", "convert", "shape",   "transform",
-                                "round",  "trim",   "hit",     "compare", "sheet",
-                                "spring", "device", "digest",  "field",   "reach"};
+const std::string commands[] = {"info",   "render", "convert", "shape",   "transform", "round",
+                                "trim",   "hit",    "compare", "sheet",   "spring",    "device",
+                                "digest", "field",  "reach",   "screens", "watch"};
 
 TEST(CommandLine, helpsWithEveryCommandAndExamples) {
     const ProgramRun run = runQuorin({"--help"});
