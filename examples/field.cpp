@@ -101,7 +101,7 @@ int main() {
             field.step(10, 1);
         else if (key == "\033[1;2B")
             field.step(10, -1);
-        else if (key == "\n" || key == "\r")
+        else if ((key == "\n" || key == "\r") && !typed.empty())
             field.type(std::exchange(typed, ""));
         else if (key == "\x7F" && !typed.empty())
             typed.pop_back();
