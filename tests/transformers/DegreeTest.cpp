@@ -81,11 +81,14 @@ TEST(DegreeAt45, reachesToTheEndsOf64Bits) {
     EXPECT_EQ(at45(lowest), lowest) << "the lowest multiple is in";
     const CGFloat highest = std::nextafter(0x1p63, 0) * 45;
     EXPECT_EQ(at45(highest), highest);
+    EXPECT_EQ(at45(std::nextafter(0x1p63 * 45, 0)), highest) << "the last one that is in";
 }
 
 TEST(DegreeAt45Death, beyond64BitsNamesTheNumber) {
     EXPECT_DEATH(at45(0x1p63 * 45),
                  "no 64-bit multiple of 45 is nearest to 4.1505[0-9]*e\\+20 degrees");
+    EXPECT_DEATH(at45(std::nextafter(-0x1p63 * 45, -infinity)),
+                 "no 64-bit multiple of 45 is nearest to -4.1505[0-9]*e\\+20 degrees");
     EXPECT_DEATH(at45(-1e300), "nearest to -1e\\+300 degrees");
 }
 
