@@ -64,11 +64,24 @@ TEST_F(MillisecondTransformerTest, usesAFormatterThatItIsGiven) {
     EXPECT_EQ(shown(1234.5), Value("1234500ms"));
 }
 
+/// Has nothing to show for any number.
+struct SilentFormatter : NSNumberFormatter {
+    std::optional<std::string> string(double) const override { return std::nullopt; }
+};
+
+TEST_F(MillisecondTransformerTest, shows0WhereItsFormatterFails) {
+    transformer->setNumberFormatter(std::make_shared<SilentFormatter>());
+    EXPECT_EQ(shown(0.25), Value("0ms"));
+    transformer->setUsesMillisecondSuffix(false);
+    EXPECT_EQ(shown(0.25), Value("0"));
+}
+
 TEST_F(MillisecondTransformerTest, readsMilliseconds) {
     EXPECT_THAT(read("250ms"), Optional(0.25));
     EXPECT_THAT(read("250"), Optional(0.25));
     EXPECT_THAT(read("100+150 ms"), Optional(0.25));
     EXPECT_THAT(read("1,250ms"), Optional(1.25));
+    EXPECT_THAT(read("9ms"), Optional(0.009)) << "9 * 0.001 is another double";
 }
 
 TEST_F(MillisecondTransformerTest, readsSecondsWhereTheTextEndsInTheirLetter) {
@@ -82,13 +95,16 @@ TEST_F(MillisecondTransformerTest, readsSecondsWhereTheTextEndsInTheirLetter) {
 
 TEST_F(MillisecondTransformerTest, removesTheLettersWhereverTheyStand) {
     EXPECT_THAT(read("m5"), Optional(0.005));
+    EXPECT_THAT(read("5m"), Optional(0.005));
     EXPECT_THAT(read("5sm"), Optional(0.005));
+    EXPECT_THAT(read("5m*2s"), Optional(10.0)) << "the end decides, wherever else an m stands";
     EXPECT_THAT(read("1s500ms"), Optional(1.5)) << "1500 milliseconds";
 }
 
 TEST_F(MillisecondTransformerTest, readsTheNumberThatOtherTextStartsWith) {
     EXPECT_THAT(read("12xms"), Optional(0.012));
     EXPECT_THAT(read("12xs"), Optional(12.0)) << "in seconds";
+    EXPECT_THAT(read("1e3s"), Optional(1000.0)) << "no arithmetic, but a number";
     EXPECT_THAT(read("5m7x"), Optional(0.005)) << "without the letter it would be 57";
     for (const char* text : {"", "s", "ms", "soon", "\xFFs"})
         EXPECT_THAT(read(text), Optional(0.0)) << text;

@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -210,6 +211,9 @@ std::u16string_view trimmed(std::u16string_view text) {
 }  // namespace
 
 std::optional<std::string> NSNumberFormatter::string(double number) const {
+    // Processors disagree on the sign of 0/0, and ICU would write it.
+    if (std::isnan(number))
+        number = std::numeric_limits<double>::quiet_NaN();
     FormatSettings settings{_numberStyle, _roundingMode, _usesGroupingSeparator, 0};
     if (_roundingIncrement > 0 && std::isfinite(_roundingIncrement))
         settings.increment = _roundingIncrement;

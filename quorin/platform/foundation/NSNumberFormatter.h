@@ -59,9 +59,9 @@ public:
     NSNumberFormatterRoundingMode roundingMode() const { return _roundingMode; }
     void setRoundingMode(NSNumberFormatterRoundingMode mode) { _roundingMode = mode; }
 
-    /// Also of infinities and NaN, as ICU has them in the locale. Nothing if ICU fails, which is
-    /// not known to happen.
-    std::optional<std::string> string(double number) const;
+    /// Also of infinities and NaN, as ICU has them in the locale, NaN without a sign. Nothing if
+    /// ICU fails, which is not known to happen; a subclass may have nothing to show for a number.
+    virtual std::optional<std::string> string(double number) const;
 
     /// The number that the text is as a whole; groups and white space around it are allowed in
     /// every style. An integer when it is one of 64 bits, else a double. Nothing for every other

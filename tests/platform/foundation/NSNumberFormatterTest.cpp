@@ -176,6 +176,12 @@ TEST(NSNumberFormatter, writesNumbersOfEveryMagnitude) {
     EXPECT_NE(shown(-greatest, {}, NSLocale("ccp_IN")), "nothing");
 }
 
+TEST(NSNumberFormatter, writesNaNWithoutTheSignThatAProcessorGivesIt) {
+    EXPECT_EQ(shown(-nan, {0.1}), "NaN");
+    EXPECT_EQ(shown(-nan, {0.00125}), "NaN");
+    EXPECT_EQ(shown(-nan, {}, NSLocale("sv_SE")), "NaN");
+}
+
 TEST(NSNumberFormatter, showsWhatIsTooLargeForItsIncrementAsItIs) {
     for (const double increment : {0.7, 1.0 / 3, 7.0, 0.00125}) {
         EXPECT_EQ(shown(1e300, {increment}).substr(0, 9), "1,000,000") << increment;
