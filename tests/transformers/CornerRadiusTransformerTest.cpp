@@ -79,6 +79,22 @@ TEST_F(CornerRadiusTransformerTest, appliesThePointScale) {
     EXPECT_THAT(read("8;16"), ElementsAre(4, 8));
 }
 
+TEST_F(CornerRadiusTransformerTest, comparesDisplayedRadii) {
+    transformer->setPointScale(10);
+    EXPECT_EQ(shown(List{1e308, 1.5e308}), Value("\u221E")) << "both too large once scaled";
+}
+
+TEST_F(CornerRadiusTransformerTest, dividesByThePointScaleToTheLastBit) {
+    transformer->setPointScale(3);
+    EXPECT_THAT(read("5"), ElementsAre(5.0 / 3)) << "5 * (1.0 / 3) is another double";
+    EXPECT_EQ(transformer->incrementValue(List{10.2}, 5, 1), Value(List{5.0 / 3 * 7}));
+}
+
+TEST_F(CornerRadiusTransformerTest, refusesNegativePiecesBeforeItDivides) {
+    transformer->setPointScale(-2);
+    EXPECT_THAT(read("4;-4"), ElementsAre(-2, 0));
+}
+
 TEST_F(CornerRadiusTransformerTest, readsEachPiece) {
     EXPECT_THAT(read("4;8;4;0"), ElementsAre(4, 8, 4, 0));
     EXPECT_THAT(read("5"), ElementsAre(5));

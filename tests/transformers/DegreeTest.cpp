@@ -63,6 +63,12 @@ TEST(DegreeAt45, goesAwayFromZeroFromTheMiddle) {
     EXPECT_EQ(at45(-67.499999), -45);
 }
 
+TEST(DegreeAt45, addsTheHalfBeforeItDivides) {
+    // The sum is no double but 135, so the last angle below the middle goes up as well.
+    EXPECT_EQ(at45(std::nextafter(112.5, 0)), 135);
+    EXPECT_EQ(at45(std::nextafter(-112.5, 0)), -135);
+}
+
 TEST(DegreeAt45, isNeverNegativeZero) {
     for (const CGFloat degrees : {-0.0, -1.0, -22.0})
         EXPECT_FALSE(std::signbit(at45(degrees))) << degrees;

@@ -128,6 +128,12 @@ TEST_F(NumberTransformerTest, stepsInDisplayedUnits) {
     EXPECT_EQ(transformer->incrementValue("10", 1, 1), Value("10"));
 }
 
+TEST_F(NumberTransformerTest, dividesByThePointScaleToTheLastBit) {
+    transformer->setPointScale(3);
+    EXPECT_THAT(read("5").asDouble(), Optional(5.0 / 3)) << "5 * (1.0 / 3) is another double";
+    EXPECT_THAT(transformer->incrementValue(10.2, 5, 1).asDouble(), Optional(5.0 / 3 * 7));
+}
+
 TEST_F(NumberTransformerTest, clampsToBoundsTimesThePointScale) {
     transformer->setPointScale(2);
     EXPECT_THAT(transformer->clampValue(15, {0, 10}).asDouble(), Optional(15.0));

@@ -9,6 +9,7 @@
 namespace quorin {
 namespace {
 
+using testing::DoubleEq;
 using testing::Optional;
 
 /// Has nothing but the defaults.
@@ -47,6 +48,12 @@ TEST_F(NumericalValueTransformerTest, snapsHalvesAwayFromZero) {
     EXPECT_THAT(stepped(0.5, 1, 1), Optional(2.0));
     EXPECT_THAT(stepped(-0.5, 1, -1), Optional(-2.0));
     EXPECT_THAT(stepped(2.5, 1, 0), Optional(3.0)) << "not to the even one";
+}
+
+TEST_F(NumericalValueTransformerTest, addsTheStepBeforeItCountsSteps) {
+    EXPECT_THAT(stepped(4.35, 0.3, 1), Optional(DoubleEq(4.5)))
+        << "4.65 is 15.499999999999998 steps; 4.35 is 14.5 of them";
+    EXPECT_THAT(stepped(-4.85, 0.1, 1), Optional(DoubleEq(-4.8)));
 }
 
 TEST_F(NumericalValueTransformerTest, makesNaNOfStepsOfNothing) {

@@ -86,6 +86,12 @@ TEST_F(PercentValueTransformerTest, stepsInPercent) {
     EXPECT_EQ(transformer->incrementValue("0.5", 25, 1), Value("0.5"));
 }
 
+TEST_F(PercentValueTransformerTest, dividesBy100ToTheLastBit) {
+    EXPECT_THAT(read("35%"), Optional(0.35)) << "35 * 0.01 is another double";
+    EXPECT_THAT(read("35 of it"), Optional(0.35));
+    EXPECT_THAT(transformer->incrementValue(0.5, 35, 1).asDouble(), Optional(0.7));
+}
+
 TEST_F(PercentValueTransformerTest, clampsRatios) {
     EXPECT_THAT(transformer->clampValue(1.5, {0, 1}).asDouble(), Optional(1.0));
     EXPECT_THAT(transformer->clampValue(-0.5, {0, 1}).asDouble(), Optional(0.0));
