@@ -27,6 +27,7 @@ struct DegreeStringTransformerTest : testing::Test {
 TEST_F(DegreeStringTransformerTest, showsRadiansAsDegrees) {
     EXPECT_EQ(shown(1.5707963), Value("90"));
     EXPECT_EQ(shown(1), Value("57.3"));
+    EXPECT_EQ(shown(10'000), Value("572,957.8")) << "all digits of pi count";
     EXPECT_EQ(shown(-pi), Value("-180"));
     EXPECT_EQ(shown(-0.0001), Value("0")) << "never -0";
 }

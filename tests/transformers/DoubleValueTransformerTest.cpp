@@ -47,6 +47,7 @@ TEST_F(CalcNumber, handsBackWhatIsNoText) {
     for (const Value& value :
          {Value(7), Value(true), Value(Value::List{"7"}), Value(CGPoint{1, 2})})
         EXPECT_EQ(calcNumber(value), value);
+    EXPECT_THAT(calcNumber(7).asInteger(), Optional(7)) << "the very same, not 7.0";
 }
 
 TEST_F(CalcNumber, readsTheSeparatorsOfTheLocale) {

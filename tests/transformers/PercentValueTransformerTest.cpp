@@ -36,6 +36,7 @@ TEST_F(PercentValueTransformerTest, roundsHalvesAwayFromZero) {
     EXPECT_EQ(shown(0.125), Value("13%")) << "to the even one it would be 12";
     EXPECT_EQ(shown(-0.125), Value("-13%"));
     EXPECT_EQ(shown(0.124), Value("12%"));
+    EXPECT_EQ(shown(0.235), Value("24%")) << "23.5 as a product; 0.235 / 0.01 lies below it";
     transformer->setRoundingIncrement(0.1);
     EXPECT_EQ(shown(0.0025), Value("0.3%"));
 }
