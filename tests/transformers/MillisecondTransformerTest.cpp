@@ -91,6 +91,7 @@ TEST_F(MillisecondTransformerTest, readsSecondsWhereTheTextEndsInTheirLetter) {
     EXPECT_THAT(read("2*3 s"), Optional(6.0));
     EXPECT_THAT(read("2s "), Optional(0.002)) << "it ends in a blank";
     EXPECT_THAT(read("2S"), Optional(0.002)) << "the letter is a small one";
+    EXPECT_THAT(read("2*3S"), Optional(0.002)) << "so this is no arithmetic";
 }
 
 TEST_F(MillisecondTransformerTest, removesTheLettersWhereverTheyStand) {
