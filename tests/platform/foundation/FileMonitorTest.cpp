@@ -434,6 +434,7 @@ TEST_F(FileMonitors, lookEverySecondWhereAFolderCannotBeWatched) {
 }
 
 TEST_F(FileMonitors, sayWhichFileCannotBeWatchedForWantOfDescriptors) {
+    const auto loop = RunLoop::current();  // has descriptors of its own
     rlimit before{};
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
     const rlimit none{0, before.rlim_max};
