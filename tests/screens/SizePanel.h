@@ -10,6 +10,7 @@
 #include "quorin/observation/TypedNotification.h"
 #include "quorin/screens/DocumentSizeDidChangeNotification.h"
 #include "quorin/screens/DocumentSizeViewController.h"
+#include "tests/TestSupport.h"
 
 namespace quorin::test {
 
@@ -74,6 +75,14 @@ private:
         nullptr, [this](const DocumentSizeDidChangeNotification& note) {
             log.push_back("post " + described(note.name, note.size, note.scale));
         });
+};
+
+struct SizePanelTest : testing::Test {
+    /// Of the items in the menu.
+    enum Place { iPhoneHeader, mini, large, firstSeparator, twin = 6, laptop = 11, custom = 13 };
+
+    SizePanel panel{};
+    DocumentSizeViewController& controller = *panel.controller;
 };
 
 }  // namespace quorin::test
