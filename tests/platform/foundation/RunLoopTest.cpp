@@ -2,7 +2,6 @@
 
 #include <glib.h>
 #include <sys/time.h>
-#include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
@@ -235,58 +234,6 @@ TEST(RunLoopDeath, isNotRunOnAThreadThatIsNotItsOwn) {
                  "a run loop was run on a thread that is not its own");
 }
 
-TEST(RunLoop, firesATimerOnceWhenItDoesNotRepeat) {
-    int count = 0;
-    RunLoopSource timer = RunLoop::main()->addTimer(0.001, false, [&] { ++count; });
-    EXPECT_TRUE(timer.isActive());
-    RunLoop::main()->run(0.02);
-    EXPECT_EQ(count, 1);
-    EXPECT_FALSE(timer.isActive());
-}
-
-TEST(RunLoop, firesATimerNoEarlierThanAsked) {
-    const auto start = std::chrono::steady_clock::now();
-    const RunLoopSource timer =
-        RunLoop::main()->addTimer(0.0105, false, [] { RunLoop::main()->stop(); });
-    RunLoop::main()->run();
-    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::microseconds(10'500));
-}
-
-TEST(RunLoop, leavesOutTheTimesARepeatingTimerMissed) {
-    int count = 0;
-    const RunLoopSource timer = RunLoop::main()->addTimer(0.01, true, [&] {
-        if (++count == 1)
-            std::this_thread::sleep_for(std::chrono::milliseconds(35));
-        if (count == 2)
-            RunLoop::main()->stop();
-    });
-    const auto start = std::chrono::steady_clock::now();
-    RunLoop::main()->run();
-    // Fired at 10, missed those at 20, 30 and 40, and fires again at 50 or later.
-    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(50));
-}
-
-TEST(RunLoop, endsATimerInsideItsOwnClosure) {
-    int count = 0;
-    RunLoopSource timer;
-    timer = RunLoop::main()->addTimer(0, true, [&, kept = std::make_shared<int>(7)] {
-        timer.cancel();
-        count += *kept;
-    });
-    RunLoop::main()->run(0.005);
-    EXPECT_EQ(count, 7);
-    EXPECT_FALSE(timer.isActive());
-}
-
-TEST(RunLoop, endsATimerWithItsToken) {
-    int count = 0;
-    {
-        const RunLoopSource timer = RunLoop::main()->addTimer(0, true, [&] { ++count; });
-    }
-    RunLoop::main()->run(0.002);
-    EXPECT_EQ(count, 0);
-}
-
 /// Runs the main loop, having `closure` called before its first wait, until something stops it.
 void expectStopSoon(const std::function<void()>& closure) {
     const auto& loop = RunLoop::main();
@@ -402,100 +349,6 @@ TEST(RunLoop, leavesTheErrorOfAWaitToTheHostWhateverObserversDo) {
     setitimer(ITIMER_REAL, &never, nullptr);
     std::signal(SIGALRM, before);
     RunLoop::main()->removeObserver(observer);
-}
-
-TEST(RunLoop, watchesDescriptors) {
-    int ends[2];
-    ASSERT_EQ(pipe(ends), 0);
-    std::string got;
-    const RunLoopSource reader =
-        RunLoop::main()->addDescriptor(ends[0], DescriptorEvent::readable, [&] {
-            char byte = 0;
-            if (read(ends[0], &byte, 1) == 1)
-                got += byte;
-            else
-                RunLoop::main()->stop();
-        });
-    bool isWritable = false;
-    RunLoopSource writer = RunLoop::main()->addDescriptor(ends[1], DescriptorEvent::writable, [&] {
-        isWritable = true;
-        writer.cancel();
-        EXPECT_EQ(write(ends[1], "ab", 2), 2);
-        close(ends[1]);
-    });
-    EXPECT_EQ(RunLoop::main()->run(20), RunLoopResult::stopped);
-    EXPECT_TRUE(isWritable);
-    EXPECT_EQ(got, "ab");
-    close(ends[0]);
-}
-
-TEST(RunLoop, callsObserversByOrderThenByAge) {
-    const auto& loop = RunLoop::main();
-    std::vector<std::string> calls;
-    std::vector<std::shared_ptr<CFRunLoopObserver>> observers;
-    const auto add = [&](int order, const char* name) {
-        observers.push_back(CFRunLoopObserver::create(
-            kCFRunLoopEntry, true, order, [&, name](CFRunLoopActivity) { calls.push_back(name); }));
-        loop->addObserver(observers.back());
-    };
-    add(1, "late");
-    add(0, "first");
-    add(0, "second");
-    add(-1, "early");
-    loop->run(0);
-    EXPECT_THAT(calls, ElementsAre("early", "first", "second", "late"));
-    for (const auto& observer : observers)
-        loop->removeObserver(observer);
-}
-
-TEST(RunLoop, doesNotCallAnObserverThatAnotherRemoved) {
-    const auto& loop = RunLoop::main();
-    int calls = 0;
-    const auto victim =
-        CFRunLoopObserver::create(kCFRunLoopEntry, true, 1, [&](CFRunLoopActivity) { ++calls; });
-    const auto remover = CFRunLoopObserver::create(
-        kCFRunLoopEntry, false, 0, [&](CFRunLoopActivity) { loop->removeObserver(victim); });
-    loop->addObserver(remover);
-    loop->addObserver(victim);
-    loop->run(0);
-    EXPECT_EQ(calls, 0);
-    EXPECT_FALSE(loop->containsObserver(victim));
-    EXPECT_FALSE(loop->containsObserver(remover));
-}
-
-TEST(RunLoop, callsAnObserverAddedInsideAnotherFromTheNextActivityOn) {
-    const auto& loop = RunLoop::main();
-    std::vector<unsigned> heard;
-    const auto added = CFRunLoopObserver::create(
-        given, true, 1, [&](CFRunLoopActivity activity) { heard.push_back(activity); });
-    loop->addObserver(CFRunLoopObserver::create(
-        kCFRunLoopEntry, false, 0, [&](CFRunLoopActivity) { loop->addObserver(added); }));
-    loop->run(0);
-    EXPECT_THAT(heard, ElementsAre(128u));
-    loop->removeObserver(added);
-}
-
-TEST(RunLoop, letsGoOfItsObserversWhenItsThreadEnds) {
-    const auto observer = CFRunLoopObserver::create(given, true, 0, [](CFRunLoopActivity) {});
-    std::thread([&] {
-        RunLoop::current()->addObserver(observer);
-        EXPECT_TRUE(observer->isScheduled());
-    }).join();
-    EXPECT_FALSE(observer->isScheduled());
-    RunLoop::main()->addObserver(observer);
-    EXPECT_TRUE(RunLoop::main()->containsObserver(observer));
-    RunLoop::main()->removeObserver(observer);
-}
-
-TEST(RunLoop, keepsAnObserverToOneLoop) {
-    const auto observer = CFRunLoopObserver::create(given, true, 0, [](CFRunLoopActivity) {});
-    RunLoop::main()->addObserver(observer);
-    std::thread([&] {
-        RunLoop::current()->addObserver(observer);
-        EXPECT_FALSE(RunLoop::current()->containsObserver(observer));
-    }).join();
-    RunLoop::main()->removeObserver(observer);
-    EXPECT_FALSE(observer->isScheduled());
 }
 
 }  // namespace
