@@ -58,7 +58,9 @@ void ObserverList::unshare(ObserverList& former) {
     for (const Entry& entry : entries())
         if (entry.observer)
             own->entries.push_back(entry);
-    former.content = std::exchange(content, own.release());
+    ObserverList shared;
+    shared.content = std::exchange(content, own.release());
+    former = std::move(shared);
 }
 
 void ObserverList::add(std::shared_ptr<NotificationObserver> observer) {
