@@ -10,7 +10,7 @@ namespace quorin {
 /// refused before anybody makes room for its directory. Throws `FileError`, with `shown` as the
 /// name of the file.
 ///
-/// Source: PKWARE, "APPNOTE.TXT, .ZIP File Format Specification" 6.3.10, 4.3.14 to 4.3.16.
+/// Source: PKWARE, "APPNOTE.TXT", version 6.3.10, sections 4.3.14 to 4.3.16.
 std::uint64_t claimedEntryCount(const std::string& path, const std::string& shown);
 
 }  // namespace quorin
