@@ -28,6 +28,11 @@ public:
         isReleased = true;
         changed.notify_all();
     }
+    /// From now on questions are held again.
+    void hold() {
+        const std::lock_guard lock(mutex);
+        isReleased = false;
+    }
     /// Waits until so many questions have come.
     void waitUntilAsked(int count) {
         std::unique_lock lock(mutex);
